@@ -1,0 +1,3 @@
+#include "avvio.h"
+
+int main(int argc, char** argv) { return Avvio(argc, argv); }

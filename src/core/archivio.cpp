@@ -1,0 +1,44 @@
+#include "archivio.h"
+
+#include "programma.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace {
+
+QString& PercorsoApplicazione() {
+    static QString percorso;
+    return percorso;
+}
+
+QStringList& Tipi() {
+    static QStringList tipi;
+    return tipi;
+}
+
+} // namespace
+
+const QString& AppPath() { return PercorsoApplicazione(); }
+
+Connessione& Database() {
+    static Connessione connessione;
+    return connessione;
+}
+
+const QStringList& ControlTypes() { return Tipi(); }
+
+QString ConSeparatoreFinale(const QString& cartella) {
+    const QString nativa = QDir::toNativeSeparators(cartella);
+    return nativa.endsWith(QDir::separator()) ? nativa : nativa + QDir::separator();
+}
+
+void ApriDatabase(const QString& cartella) {
+    PercorsoApplicazione() = ConSeparatoreFinale(cartella);
+    Database().Apri(AppPath() + Programma::NomeArchivio(), Programma::PasswordArchivio());
+    Tipi() = QStringLiteral("textbox|combo|checkbox|slider|memo|list|image").split(QLatin1Char('|'));
+}
+
+void ApriDatabase() { ApriDatabase(QCoreApplication::applicationDirPath()); }
+
+void ChiudiDatabase() { Database().Chiudi(); }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "connessione.h"
+
+#include <QString>
+#include <QStringList>
+
+// The state every part of the program shares for the whole run.
+const QString& AppPath();
+Connessione& Database();
+// The seven control-type words, indices 0 to 6.
+const QStringList& ControlTypes();
+
+// A folder name with one trailing separator.
+QString ConSeparatoreFinale(const QString& cartella);
+
+// Sets AppPath from the given folder, opens the store there and builds ControlTypes.
+void ApriDatabase(const QString& cartella);
+// The same for the program's own folder.
+void ApriDatabase();
+void ChiudiDatabase();

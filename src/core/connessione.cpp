@@ -1,0 +1,143 @@
+#include "connessione.h"
+
+#include "erroredatabase.h"
+
+#include <QRegularExpression>
+#include <sqlcipher/sqlite3.h>
+
+namespace {
+
+constexpr int MassimoCache = 256;
+
+// A single-table SELECT of plain columns can be written back; the cursor then also reads the rowid.
+QString TabellaAggiornabile(const QString& sql) {
+    static const QRegularExpression forma(
+        QStringLiteral(R"(^\s*select\s+([^()]+?)\s+from\s+\[?([A-Za-z_][A-Za-z0-9_]*)\]?\s*(?:$|;|where\b|order\b))"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    const auto trovato = forma.match(sql);
+    if (!trovato.hasMatch() || trovato.captured(1).trimmed().startsWith(QLatin1String("distinct"), Qt::CaseInsensitive))
+        return {};
+    return trovato.captured(2);
+}
+
+QString ConRowid(const QString& sql) {
+    const int inizio = sql.indexOf(QLatin1String("select"), 0, Qt::CaseInsensitive) + 6;
+    return sql.left(inizio) + QStringLiteral(" _rowid_ AS orvix_rowid, ") + sql.mid(inizio);
+}
+
+bool SoloSpaziOCommenti(const char* coda) {
+    return QString::fromUtf8(coda).remove(QRegularExpression(QStringLiteral(R"(--[^\n]*|/\*.*?\*/|;)"),
+                                                             QRegularExpression::DotMatchesEverythingOption))
+        .trimmed()
+        .isEmpty();
+}
+
+} // namespace
+
+Connessione::~Connessione() { Chiudi(); }
+
+void Connessione::Apri(const QString& percorso, const QString& password) {
+    Chiudi();
+    const QByteArray nome = percorso.toUtf8();
+    if (sqlite3_open_v2(nome.constData(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+        const QString testo = m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QStringLiteral("out of memory");
+        Chiudi();
+        throw ErroreDatabase(testo + QStringLiteral(": ") + percorso);
+    }
+    const QByteArray chiave = password.toUtf8();
+    sqlite3_key(m_db, chiave.constData(), static_cast<int>(chiave.size()));
+    try {
+        // The first read proves the key; a wrong one answers "file is encrypted or is not a database".
+        Esegui(QStringLiteral("select count(*) from sqlite_master"));
+        Esegui(QStringLiteral("PRAGMA journal_mode=WAL"));
+        Esegui(QStringLiteral("PRAGMA synchronous=FULL"));
+    } catch (const ErroreDatabase&) {
+        Chiudi();
+        throw;
+    }
+    sqlite3_busy_timeout(m_db, 2000);
+}
+
+void Connessione::Chiudi() {
+    if (!m_db)
+        return;
+    SvuotaCache();
+    sqlite3_close_v2(m_db);
+    m_db = nullptr;
+}
+
+void Connessione::SvuotaCache() {
+    for (sqlite3_stmt* stmt : std::as_const(m_cache))
+        sqlite3_finalize(stmt);
+    m_cache.clear();
+}
+
+void Connessione::Fallisci() const {
+    throw ErroreDatabase(m_db ? QString::fromUtf8(sqlite3_errmsg(m_db))
+                              : QStringLiteral("Il database non è aperto"));
+}
+
+sqlite3_stmt* Connessione::PreparaUnica(const QString& sql) {
+    if (!m_db)
+        Fallisci();
+    const QByteArray testo = sql.toUtf8();
+    sqlite3_stmt* stmt = nullptr;
+    const char* coda = nullptr;
+    if (sqlite3_prepare_v2(m_db, testo.constData(), static_cast<int>(testo.size()), &stmt, &coda) != SQLITE_OK)
+        Fallisci();
+    if (!stmt)
+        throw ErroreDatabase(QStringLiteral("Istruzione SQL vuota"));
+    if (coda && !SoloSpaziOCommenti(coda)) {
+        sqlite3_finalize(stmt);
+        throw ErroreDatabase(
+            QStringLiteral("È ammessa una sola istruzione SQL: il testo dopo la prima non è stato eseguito"));
+    }
+    return stmt;
+}
+
+sqlite3_stmt* Connessione::Prepara(const QString& sql) {
+    const auto trovato = m_cache.find(sql);
+    if (trovato != m_cache.end()) {
+        sqlite3_stmt* stmt = trovato.value();
+        m_cache.erase(trovato);
+        return stmt;
+    }
+    return PreparaUnica(sql);
+}
+
+void Connessione::Restituisci(sqlite3_stmt* stmt) {
+    if (!stmt)
+        return;
+    if (!m_db) {
+        sqlite3_finalize(stmt);
+        return;
+    }
+    sqlite3_reset(stmt);
+    sqlite3_clear_bindings(stmt);
+    if (m_cache.size() >= MassimoCache)
+        SvuotaCache();
+    m_cache.insert(QString::fromUtf8(sqlite3_sql(stmt)), stmt);
+}
+
+void Connessione::Passo(sqlite3_stmt* stmt) {
+    int esito = SQLITE_ROW;
+    while (esito == SQLITE_ROW)
+        esito = sqlite3_step(stmt);
+    if (esito != SQLITE_DONE) {
+        const QString testo = QString::fromUtf8(sqlite3_errmsg(m_db));
+        Restituisci(stmt);
+        throw ErroreDatabase(testo);
+    }
+}
+
+void Connessione::Esegui(const QString& sql) {
+    sqlite3_stmt* stmt = Prepara(sql);
+    Passo(stmt);
+    Restituisci(stmt);
+}
+
+Recordset Connessione::ApriRecordset(const QString& sql) {
+    const QString tabella = TabellaAggiornabile(sql);
+    sqlite3_stmt* stmt = Prepara(tabella.isEmpty() ? sql : ConRowid(sql));
+    return Recordset(*this, stmt, tabella);
+}

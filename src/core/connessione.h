@@ -1,0 +1,40 @@
+#pragma once
+
+#include "recordset.h"
+
+#include <QHash>
+#include <QString>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+// The one connection to the encrypted collection store.
+class Connessione final {
+public:
+    Connessione() = default;
+    ~Connessione();
+    Connessione(const Connessione&) = delete;
+    Connessione& operator=(const Connessione&) = delete;
+
+    // Opens an existing store read-write; never creates one. A missing file or a wrong key fails.
+    void Apri(const QString& percorso, const QString& password);
+    void Chiudi();
+    bool Aperta() const { return m_db != nullptr; }
+
+    // Runs exactly one statement of SQL text; text after the first statement is refused.
+    void Esegui(const QString& sql);
+    Recordset ApriRecordset(const QString& sql);
+
+    // Statements the program builds itself from column names and bound values.
+    sqlite3_stmt* Prepara(const QString& sql);
+    void Restituisci(sqlite3_stmt* stmt);
+    void Passo(sqlite3_stmt* stmt);
+    [[noreturn]] void Fallisci() const;
+
+private:
+    sqlite3_stmt* PreparaUnica(const QString& sql);
+    void SvuotaCache();
+
+    sqlite3* m_db = nullptr;
+    QMultiHash<QString, sqlite3_stmt*> m_cache;
+};

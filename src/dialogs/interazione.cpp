@@ -1,0 +1,34 @@
+#include "interazione.h"
+
+#include "interazionereale.h"
+#include "programma.h"
+
+namespace {
+
+Interazione*& Servizio() {
+    static Interazione* servizio = nullptr;
+    return servizio;
+}
+
+QString TitoloOProgramma(const QString& titolo) { return titolo.isEmpty() ? Programma::Titolo() : titolo; }
+
+} // namespace
+
+Interazione& interazione() {
+    static InterazioneReale reale;
+    return Servizio() ? *Servizio() : reale;
+}
+
+void ImpostaInterazione(Interazione* servizio) { Servizio() = servizio; }
+
+Risposta MsgBox(const QString& testo, Pulsanti pulsanti, Icona icona, const QString& titolo, int predefinito) {
+    return interazione().MsgBox({testo, TitoloOProgramma(titolo), pulsanti, icona, predefinito});
+}
+
+QString InputBox(const QString& prompt, const QString& titolo, const QString& predefinito) {
+    return interazione().InputBox(prompt, TitoloOProgramma(titolo), predefinito);
+}
+
+int MostraModale(QDialog& finestra) { return interazione().MostraModale(finestra); }
+
+bool ApriConShell(const QString& indirizzo) { return interazione().ApriConShell(indirizzo); }

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+class QDialog;
+
+enum class Pulsanti { Ok, OkAnnulla, SiNo, SiNoAnnulla };
+enum class Icona { Nessuna, Critica, Domanda, Esclamativa, Informazione };
+enum class Risposta { Ok, Annulla, Si, No };
+
+struct Messaggio {
+    QString testo;
+    QString titolo;
+    Pulsanti pulsanti = Pulsanti::Ok;
+    Icona icona = Icona::Nessuna;
+    int predefinito = 1; // 1-based position of the default button
+};
+
+// Every prompt, message and modal window of the program goes through one of these, so that
+// tests can answer them from a script.
+class Interazione {
+public:
+    virtual ~Interazione() = default;
+    virtual Risposta MsgBox(const Messaggio& messaggio) = 0;
+    // The typed text; an empty text when the user cancels.
+    virtual QString InputBox(const QString& prompt, const QString& titolo, const QString& predefinito) = 0;
+    virtual int MostraModale(QDialog& finestra) = 0;
+    virtual bool ApriConShell(const QString& indirizzo) = 0;
+};
+
+Interazione& interazione();
+// Installs the service used from now on (not owned); nullptr restores the real one.
+void ImpostaInterazione(Interazione* servizio);
+
+// Shorthands that fill in the program's title where none is given.
+Risposta MsgBox(const QString& testo, Pulsanti pulsanti = Pulsanti::Ok, Icona icona = Icona::Nessuna,
+                const QString& titolo = {}, int predefinito = 1);
+QString InputBox(const QString& prompt, const QString& titolo = {}, const QString& predefinito = {});
+int MostraModale(QDialog& finestra);
+bool ApriConShell(const QString& indirizzo);

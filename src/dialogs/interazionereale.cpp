@@ -1,0 +1,95 @@
+#include "interazionereale.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
+
+namespace {
+
+QMessageBox::Icon IconaQt(Icona icona) {
+    switch (icona) {
+    case Icona::Critica:
+        return QMessageBox::Critical;
+    case Icona::Domanda:
+        return QMessageBox::Question;
+    case Icona::Esclamativa:
+        return QMessageBox::Warning;
+    case Icona::Informazione:
+        return QMessageBox::Information;
+    case Icona::Nessuna:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QList<QPair<Risposta, QString>> Bottoni(Pulsanti pulsanti) {
+    const QPair<Risposta, QString> ok{Risposta::Ok, QStringLiteral("OK")};
+    const QPair<Risposta, QString> annulla{Risposta::Annulla, QStringLiteral("Annulla")};
+    const QPair<Risposta, QString> si{Risposta::Si, QStringLiteral("&Sì")};
+    const QPair<Risposta, QString> no{Risposta::No, QStringLiteral("&No")};
+    switch (pulsanti) {
+    case Pulsanti::OkAnnulla:
+        return {ok, annulla};
+    case Pulsanti::SiNo:
+        return {si, no};
+    case Pulsanti::SiNoAnnulla:
+        return {si, no, annulla};
+    case Pulsanti::Ok:
+        break;
+    }
+    return {ok};
+}
+
+QMessageBox::ButtonRole Ruolo(Risposta risposta) {
+    switch (risposta) {
+    case Risposta::Si:
+        return QMessageBox::YesRole;
+    case Risposta::No:
+        return QMessageBox::NoRole;
+    case Risposta::Annulla:
+        return QMessageBox::RejectRole;
+    case Risposta::Ok:
+        break;
+    }
+    return QMessageBox::AcceptRole;
+}
+
+} // namespace
+
+Risposta InterazioneReale::MsgBox(const Messaggio& messaggio) {
+    QMessageBox box(IconaQt(messaggio.icona), messaggio.titolo, messaggio.testo, QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    const auto bottoni = Bottoni(messaggio.pulsanti);
+    QList<QPair<QAbstractButton*, Risposta>> creati;
+    for (const auto& [risposta, testo] : bottoni)
+        creati.append({box.addButton(testo, Ruolo(risposta)), risposta});
+    const int predefinito = std::clamp(messaggio.predefinito, 1, static_cast<int>(creati.size())) - 1;
+    box.setDefaultButton(qobject_cast<QPushButton*>(creati.at(predefinito).first));
+    box.exec();
+    for (const auto& [bottone, risposta] : std::as_const(creati))
+        if (box.clickedButton() == bottone)
+            return risposta;
+    // Closing the box by its frame answers as the last button would (Cancel, No or OK).
+    return creati.last().second;
+}
+
+QString InterazioneReale::InputBox(const QString& prompt, const QString& titolo, const QString& predefinito) {
+    QInputDialog dialogo(QApplication::activeWindow());
+    dialogo.setWindowTitle(titolo);
+    dialogo.setLabelText(prompt);
+    dialogo.setTextValue(predefinito);
+    dialogo.setOkButtonText(QStringLiteral("OK"));
+    dialogo.setCancelButtonText(QStringLiteral("Annulla"));
+    dialogo.resize(420, dialogo.sizeHint().height());
+    return dialogo.exec() == QDialog::Accepted ? dialogo.textValue() : QString();
+}
+
+int InterazioneReale::MostraModale(QDialog& finestra) { return finestra.exec(); }
+
+bool InterazioneReale::ApriConShell(const QString& indirizzo) {
+    return QDesktopServices::openUrl(QUrl::fromUserInput(indirizzo));
+}
