@@ -19,14 +19,18 @@ QStringList& Tipi() {
 
 } // namespace
 
-const QString& AppPath() { return PercorsoApplicazione(); }
+const QString& AppPath() {
+    return PercorsoApplicazione();
+}
 
 Connessione& Database() {
     static Connessione connessione;
     return connessione;
 }
 
-const QStringList& ControlTypes() { return Tipi(); }
+const QStringList& ControlTypes() {
+    return Tipi();
+}
 
 QString ConSeparatoreFinale(const QString& cartella) {
     const QString nativa = QDir::toNativeSeparators(cartella);
@@ -39,6 +43,10 @@ void ApriDatabase(const QString& cartella) {
     Tipi() = QStringLiteral("textbox|combo|checkbox|slider|memo|list|image").split(QLatin1Char('|'));
 }
 
-void ApriDatabase() { ApriDatabase(QCoreApplication::applicationDirPath()); }
+void ApriDatabase() {
+    ApriDatabase(QCoreApplication::applicationDirPath());
+}
 
-void ChiudiDatabase() { Database().Chiudi(); }
+void ChiudiDatabase() {
+    Database().Chiudi();
+}

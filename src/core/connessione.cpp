@@ -12,10 +12,12 @@ constexpr int MassimoCache = 256;
 // A single-table SELECT of plain columns can be written back; the cursor then also reads the rowid.
 QString TabellaAggiornabile(const QString& sql) {
     static const QRegularExpression forma(
-        QStringLiteral(R"(^\s*select\s+([^()]+?)\s+from\s+\[?([A-Za-z_][A-Za-z0-9_]*)\]?\s*(?:$|;|where\b|order\b))"),
+        QStringLiteral(
+            R"(^\s*select\s+([^()]+?)\s+from\s+\[?([A-Za-z_][A-Za-z0-9_]*)\]?\s*(?:$|;|where\b|order\b))"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     const auto trovato = forma.match(sql);
-    if (!trovato.hasMatch() || trovato.captured(1).trimmed().startsWith(QLatin1String("distinct"), Qt::CaseInsensitive))
+    if (!trovato.hasMatch() ||
+        trovato.captured(1).trimmed().startsWith(QLatin1String("distinct"), Qt::CaseInsensitive))
         return {};
     return trovato.captured(2);
 }
@@ -26,21 +28,25 @@ QString ConRowid(const QString& sql) {
 }
 
 bool SoloSpaziOCommenti(const char* coda) {
-    return QString::fromUtf8(coda).remove(QRegularExpression(QStringLiteral(R"(--[^\n]*|/\*.*?\*/|;)"),
-                                                             QRegularExpression::DotMatchesEverythingOption))
+    return QString::fromUtf8(coda)
+        .remove(QRegularExpression(QStringLiteral(R"(--[^\n]*|/\*.*?\*/|;)"),
+                                   QRegularExpression::DotMatchesEverythingOption))
         .trimmed()
         .isEmpty();
 }
 
 } // namespace
 
-Connessione::~Connessione() { Chiudi(); }
+Connessione::~Connessione() {
+    Chiudi();
+}
 
 void Connessione::Apri(const QString& percorso, const QString& password) {
     Chiudi();
     const QByteArray nome = percorso.toUtf8();
     if (sqlite3_open_v2(nome.constData(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
-        const QString testo = m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QStringLiteral("out of memory");
+        const QString testo =
+            m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QStringLiteral("out of memory");
         Chiudi();
         throw ErroreDatabase(testo + QStringLiteral(": ") + percorso);
     }
@@ -83,7 +89,8 @@ sqlite3_stmt* Connessione::PreparaUnica(const QString& sql) {
     const QByteArray testo = sql.toUtf8();
     sqlite3_stmt* stmt = nullptr;
     const char* coda = nullptr;
-    if (sqlite3_prepare_v2(m_db, testo.constData(), static_cast<int>(testo.size()), &stmt, &coda) != SQLITE_OK)
+    if (sqlite3_prepare_v2(m_db, testo.constData(), static_cast<int>(testo.size()), &stmt, &coda) !=
+        SQLITE_OK)
         Fallisci();
     if (!stmt)
         throw ErroreDatabase(QStringLiteral("Istruzione SQL vuota"));

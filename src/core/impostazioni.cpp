@@ -27,7 +27,9 @@ QSettings& Impostazioni() {
     return *istanza;
 }
 
-QString Chiave(const QString& sezione, const QString& chiave) { return sezione + QLatin1Char('/') + chiave; }
+QString Chiave(const QString& sezione, const QString& chiave) {
+    return sezione + QLatin1Char('/') + chiave;
+}
 
 } // namespace
 
@@ -39,7 +41,9 @@ QString GetSetting(const QString& sezione, const QString& chiave, const QString&
     return Impostazioni().value(Chiave(sezione, chiave), predefinito).toString();
 }
 
-void DeleteSetting(const QString& sezione) { Impostazioni().remove(sezione); }
+void DeleteSetting(const QString& sezione) {
+    Impostazioni().remove(sezione);
+}
 
 void UsaFileImpostazioni(const QString& percorso) {
     Istanza().reset();

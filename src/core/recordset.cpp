@@ -41,18 +41,21 @@ void Lega(sqlite3_stmt* stmt, int posizione, const QVariant& valore) {
         break;
     case QMetaType::QDate: {
         const QByteArray testo = valore.toDate().toString(Qt::ISODate).toUtf8();
-        sqlite3_bind_text(stmt, posizione, testo.constData(), static_cast<int>(testo.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_text(stmt, posizione, testo.constData(), static_cast<int>(testo.size()),
+                          SQLITE_TRANSIENT);
         break;
     }
     default: {
         const QByteArray testo = valore.toString().toUtf8();
-        sqlite3_bind_text(stmt, posizione, testo.constData(), static_cast<int>(testo.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_text(stmt, posizione, testo.constData(), static_cast<int>(testo.size()),
+                          SQLITE_TRANSIENT);
     }
     }
 }
 
 QString Identificatore(const QString& nome) {
-    return QLatin1Char('"') + QString(nome).replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
+    return QLatin1Char('"') + QString(nome).replace(QLatin1Char('"'), QLatin1String("\"\"")) +
+           QLatin1Char('"');
 }
 
 } // namespace
@@ -71,7 +74,9 @@ Recordset::Recordset(Connessione& connessione, sqlite3_stmt* stmt, const QString
     Successivo();
 }
 
-Recordset::~Recordset() { Chiudi(); }
+Recordset::~Recordset() {
+    Chiudi();
+}
 
 Recordset::Recordset(Recordset&& altro) noexcept
     : m_connessione(altro.m_connessione)
@@ -118,7 +123,9 @@ void Recordset::LeggiRiga() {
         m_riga << LeggiColonna(m_stmt, i);
 }
 
-int Recordset::Indice(const QString& nome) const { return m_indici.value(nome.toLower(), -1); }
+int Recordset::Indice(const QString& nome) const {
+    return m_indici.value(nome.toLower(), -1);
+}
 
 QVariant Recordset::Campo(const QString& nome) const {
     const int indice = Indice(nome);
@@ -150,7 +157,8 @@ void Recordset::Modifica() {
 
 void Recordset::Imposta(const QString& nome, const QVariant& valore) {
     if (m_stato == Stato::Lettura)
-        throw ErroreDatabase(QStringLiteral("Aggiornamento o annullamento aggiornamento senza AddNew o Edit."));
+        throw ErroreDatabase(
+            QStringLiteral("Aggiornamento o annullamento aggiornamento senza AddNew o Edit."));
     m_modifiche.append({nome, valore});
 }
 
@@ -160,7 +168,8 @@ void Recordset::Salva() {
     else if (m_stato == Stato::Modifica)
         SalvaModifica();
     else
-        throw ErroreDatabase(QStringLiteral("Aggiornamento o annullamento aggiornamento senza AddNew o Edit."));
+        throw ErroreDatabase(
+            QStringLiteral("Aggiornamento o annullamento aggiornamento senza AddNew o Edit."));
     m_stato = Stato::Lettura;
     m_modifiche.clear();
 }
@@ -208,8 +217,8 @@ void Recordset::Elimina() {
     RichiediTabella();
     if (m_fine)
         throw ErroreDatabase(QStringLiteral("Nessun record corrente."));
-    sqlite3_stmt* stmt =
-        m_connessione->Prepara(QStringLiteral("delete from %1 where _rowid_=?").arg(Identificatore(m_tabella)));
+    sqlite3_stmt* stmt = m_connessione->Prepara(
+        QStringLiteral("delete from %1 where _rowid_=?").arg(Identificatore(m_tabella)));
     sqlite3_bind_int64(stmt, 1, m_rowid);
     m_connessione->Passo(stmt);
     m_connessione->Restituisci(stmt);

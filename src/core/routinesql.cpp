@@ -21,10 +21,13 @@ QList<VoceElenco> Elenco(const QString& sql) {
 
 } // namespace
 
-QList<VoceElenco> ElencoCollezioni() { return Elenco(QStringLiteral("select id,nome from collezioni")); }
+QList<VoceElenco> ElencoCollezioni() {
+    return Elenco(QStringLiteral("select id,nome from collezioni"));
+}
 
 QList<VoceElenco> ElencoCampi(qint32 idCollezione) {
-    return Elenco(QStringLiteral("select id,nome from campi where id_collezione=") + QString::number(idCollezione));
+    return Elenco(QStringLiteral("select id,nome from campi where id_collezione=") +
+                  QString::number(idCollezione));
 }
 
 qint32 CreaCollezione(const QString& nome, const QString& descrizione) {
@@ -38,14 +41,15 @@ qint32 CreaCollezione(const QString& nome, const QString& descrizione) {
     rs.Imposta(QStringLiteral("data_creazione"), QDate::currentDate());
     rs.Salva();
     rs.Chiudi();
-    Recordset nuovo =
-        Database().ApriRecordset(QStringLiteral("select id from collezioni where nome='") + nome + QStringLiteral("'"));
+    Recordset nuovo = Database().ApriRecordset(QStringLiteral("select id from collezioni where nome='") +
+                                               nome + QStringLiteral("'"));
     return static_cast<qint32>(nuovo.Campo(QStringLiteral("id")).toLongLong());
 }
 
 QString SqlMassimoRecord(qint32 idCollezione) {
-    return QStringLiteral("select max(numerorecord) from valori where id_campo in ( select id from campi where "
-                          "id_collezione=") +
+    return QStringLiteral(
+               "select max(numerorecord) from valori where id_campo in ( select id from campi where "
+               "id_collezione=") +
            QString::number(idCollezione) + QStringLiteral(")");
 }
 
@@ -54,4 +58,6 @@ qint32 ContaRecord(qint32 idCollezione) {
     return rs.Fine() ? 0 : static_cast<qint32>(rs.Campo(0).toLongLong());
 }
 
-QString DataOggi() { return QDate::currentDate().toString(Qt::ISODate); }
+QString DataOggi() {
+    return QDate::currentDate().toString(Qt::ISODate);
+}

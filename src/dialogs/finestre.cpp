@@ -11,7 +11,9 @@ OspiteFinestre*& Ospite() {
 
 } // namespace
 
-void ImpostaOspiteFinestre(OspiteFinestre* ospite) { Ospite() = ospite; }
+void ImpostaOspiteFinestre(OspiteFinestre* ospite) {
+    Ospite() = ospite;
+}
 
 void MostraFiglia(QWidget* finestra) {
     if (Ospite()) {

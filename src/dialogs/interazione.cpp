@@ -10,7 +10,9 @@ Interazione*& Servizio() {
     return servizio;
 }
 
-QString TitoloOProgramma(const QString& titolo) { return titolo.isEmpty() ? Programma::Titolo() : titolo; }
+QString TitoloOProgramma(const QString& titolo) {
+    return titolo.isEmpty() ? Programma::Titolo() : titolo;
+}
 
 } // namespace
 
@@ -19,9 +21,12 @@ Interazione& interazione() {
     return Servizio() ? *Servizio() : reale;
 }
 
-void ImpostaInterazione(Interazione* servizio) { Servizio() = servizio; }
+void ImpostaInterazione(Interazione* servizio) {
+    Servizio() = servizio;
+}
 
-Risposta MsgBox(const QString& testo, Pulsanti pulsanti, Icona icona, const QString& titolo, int predefinito) {
+Risposta MsgBox(const QString& testo, Pulsanti pulsanti, Icona icona, const QString& titolo,
+                int predefinito) {
     return interazione().MsgBox({testo, TitoloOProgramma(titolo), pulsanti, icona, predefinito});
 }
 
@@ -29,6 +34,10 @@ QString InputBox(const QString& prompt, const QString& titolo, const QString& pr
     return interazione().InputBox(prompt, TitoloOProgramma(titolo), predefinito);
 }
 
-int MostraModale(QDialog& finestra) { return interazione().MostraModale(finestra); }
+int MostraModale(QDialog& finestra) {
+    return interazione().MostraModale(finestra);
+}
 
-bool ApriConShell(const QString& indirizzo) { return interazione().ApriConShell(indirizzo); }
+bool ApriConShell(const QString& indirizzo) {
+    return interazione().ApriConShell(indirizzo);
+}

@@ -88,7 +88,9 @@ QString InterazioneReale::InputBox(const QString& prompt, const QString& titolo,
     return dialogo.exec() == QDialog::Accepted ? dialogo.textValue() : QString();
 }
 
-int InterazioneReale::MostraModale(QDialog& finestra) { return finestra.exec(); }
+int InterazioneReale::MostraModale(QDialog& finestra) {
+    return finestra.exec();
+}
 
 bool InterazioneReale::ApriConShell(const QString& indirizzo) {
     return QDesktopServices::openUrl(QUrl::fromUserInput(indirizzo));

@@ -16,8 +16,14 @@ void Riempi(QListWidget& lista, const QList<VoceElenco>& voci) {
 
 } // namespace
 
-void CaricaCollezioniInLista(QListWidget& lista) { Riempi(lista, ElencoCollezioni()); }
+void CaricaCollezioniInLista(QListWidget& lista) {
+    Riempi(lista, ElencoCollezioni());
+}
 
-void CaricaCampiInLista(qint32 idCollezione, QListWidget& lista) { Riempi(lista, ElencoCampi(idCollezione)); }
+void CaricaCampiInLista(qint32 idCollezione, QListWidget& lista) {
+    Riempi(lista, ElencoCampi(idCollezione));
+}
 
-qint32 DatoElemento(const QListWidget& lista, int riga) { return lista.item(riga)->data(Qt::UserRole).toInt(); }
+qint32 DatoElemento(const QListWidget& lista, int riga) {
+    return lista.item(riga)->data(Qt::UserRole).toInt();
+}

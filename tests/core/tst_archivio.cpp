@@ -15,8 +15,8 @@ class TestArchivio final : public QObject {
 private:
     static QStringList Colonne(const QString& tabella) {
         QStringList nomi;
-        for (Recordset rs = Database().ApriRecordset(QStringLiteral("pragma table_info(%1)").arg(tabella)); !rs.Fine();
-             rs.Successivo())
+        for (Recordset rs = Database().ApriRecordset(QStringLiteral("pragma table_info(%1)").arg(tabella));
+             !rs.Fine(); rs.Successivo())
             nomi << rs.Testo(QStringLiteral("name"));
         return nomi;
     }
@@ -38,8 +38,8 @@ private Q_SLOTS:
         QCOMPARE(Colonne(QStringLiteral("collezioni")),
                  QStringList({"id", "nome", "descrizione", "data_creazione"}));
         QCOMPARE(Colonne(QStringLiteral("campi")),
-                 QStringList({"id", "id_collezione", "nome", "etichetta", "tipo", "left", "top", "width", "height",
-                              "tabindex", "tooltip", "formula", "default", "required", "special"}));
+                 QStringList({"id", "id_collezione", "nome", "etichetta", "tipo", "left", "top", "width",
+                              "height", "tabindex", "tooltip", "formula", "default", "required", "special"}));
         QCOMPARE(Colonne(QStringLiteral("valori")),
                  QStringList({"id_campo", "valore", "data_ins", "data_mod", "numerorecord"}));
         QCOMPARE(Numero(QStringLiteral("select count(*) from collezioni")), 0);
@@ -72,7 +72,8 @@ private Q_SLOTS:
 
     void appPathEndsWithOneSeparator() {
         const QString sep = QDir::separator();
-        QCOMPARE(ConSeparatoreFinale(QStringLiteral("/opt/orvix")), QDir::toNativeSeparators("/opt/orvix") + sep);
+        QCOMPARE(ConSeparatoreFinale(QStringLiteral("/opt/orvix")),
+                 QDir::toNativeSeparators("/opt/orvix") + sep);
         QCOMPARE(ConSeparatoreFinale(QStringLiteral("/opt/orvix/")), QDir::toNativeSeparators("/opt/orvix/"));
         ArchivioTemporaneo archivio;
         QVERIFY(AppPath().endsWith(sep));
@@ -83,9 +84,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("testo");
         QTest::addColumn<QString>("atteso");
         QTest::newRow("empty") << QString() << QString();
-        QTest::newRow("one quote") << "l'album" << "l''album";
-        QTest::newRow("only quotes") << "''" << "''''";
-        QTest::newRow("none") << "Dischi" << "Dischi";
+        QTest::newRow("one quote") << "l'album"
+                                   << "l''album";
+        QTest::newRow("only quotes") << "''"
+                                     << "''''";
+        QTest::newRow("none") << "Dischi"
+                              << "Dischi";
     }
     void quoteDoublesSingleQuotes() {
         QFETCH(QString, testo);
@@ -137,17 +141,24 @@ private Q_SLOTS:
 
     void typedColumnsRefuseTextThatDoesNotConvert() {
         ArchivioTemporaneo archivio;
-        Database().Esegui(QStringLiteral("insert into campi (nome,\"left\",required) values ('a','20','False')"));
-        QCOMPARE(Database().ApriRecordset(QStringLiteral("select typeof(\"left\") from campi")).Campo(0).toString(),
+        Database().Esegui(
+            QStringLiteral("insert into campi (nome,\"left\",required) values ('a','20','False')"));
+        QCOMPARE(Database()
+                     .ApriRecordset(QStringLiteral("select typeof(\"left\") from campi"))
+                     .Campo(0)
+                     .toString(),
                  QStringLiteral("integer"));
-        QString errore =
-            ErroreDi([] { Database().Esegui(QStringLiteral("insert into campi (nome,width) values ('b','abc')")); });
+        QString errore = ErroreDi(
+            [] { Database().Esegui(QStringLiteral("insert into campi (nome,width) values ('b','abc')")); });
         QVERIFY2(errore.contains(QLatin1String("width deve essere un numero intero")), qPrintable(errore));
-        errore = ErroreDi([] { Database().Esegui(QStringLiteral("insert into campi (top) values ('12,5')")); });
+        errore =
+            ErroreDi([] { Database().Esegui(QStringLiteral("insert into campi (top) values ('12,5')")); });
         QVERIFY2(errore.contains(QLatin1String("top")), qPrintable(errore));
         for (const char* valido : {"TRUE", "false", "0", "-1"})
-            Database().Esegui(QStringLiteral("insert into campi (required) values ('%1')").arg(QLatin1String(valido)));
-        errore = ErroreDi([] { Database().Esegui(QStringLiteral("insert into campi (required) values ('forse')")); });
+            Database().Esegui(
+                QStringLiteral("insert into campi (required) values ('%1')").arg(QLatin1String(valido)));
+        errore = ErroreDi(
+            [] { Database().Esegui(QStringLiteral("insert into campi (required) values ('forse')")); });
         QVERIFY2(errore.contains(QLatin1String("required")), qPrintable(errore));
         errore = ErroreDi(
             [] { Database().Esegui(QStringLiteral("insert into valori (data_ins) values ('22/11/2026')")); });
@@ -159,7 +170,8 @@ private Q_SLOTS:
         ArchivioTemporaneo archivio;
         CreaCollezione(QStringLiteral("Dischi"), QString());
         const QString errore = ErroreDi([] {
-            Database().Esegui(QStringLiteral("insert into collezioni (nome) values ('x'); delete from collezioni"));
+            Database().Esegui(
+                QStringLiteral("insert into collezioni (nome) values ('x'); delete from collezioni"));
         });
         QVERIFY(!errore.isEmpty());
         QCOMPARE(Numero(QStringLiteral("select count(*) from collezioni")), 1);
@@ -174,7 +186,9 @@ private Q_SLOTS:
         Database().Esegui(QStringLiteral("insert into campi (id_collezione,nome) values (%1,'x')").arg(id));
         const qint64 campo = Numero(QStringLiteral("select max(id) from campi"));
         for (int r : {1, 2, 3})
-            Database().Esegui(QStringLiteral("insert into valori (id_campo,numerorecord) values (%1,%2)").arg(campo).arg(r));
+            Database().Esegui(QStringLiteral("insert into valori (id_campo,numerorecord) values (%1,%2)")
+                                  .arg(campo)
+                                  .arg(r));
         QCOMPARE(ContaRecord(id), 3);
         QCOMPARE(ContaRecord(id + 1), 0);
     }

@@ -21,7 +21,9 @@ ArchivioTemporaneo::~ArchivioTemporaneo() {
     UsaFileImpostazioni({});
 }
 
-QString ArchivioTemporaneo::PercorsoArchivio() const { return m_cartella.filePath(Programma::NomeArchivio()); }
+QString ArchivioTemporaneo::PercorsoArchivio() const {
+    return m_cartella.filePath(Programma::NomeArchivio());
+}
 
 void ArchivioTemporaneo::CopiaVuoto(const QString& cartella) {
     const QString destinazione = cartella + QLatin1Char('/') + Programma::NomeArchivio();
@@ -30,4 +32,6 @@ void ArchivioTemporaneo::CopiaVuoto(const QString& cartella) {
     QFile::setPermissions(destinazione, QFile::ReadOwner | QFile::WriteOwner);
 }
 
-void UsaLocaleItaliano() { QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy)); }
+void UsaLocaleItaliano() {
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+}

@@ -20,27 +20,31 @@ QString NomeTipo(InterazioneScriptata::Tipo tipo) {
 
 } // namespace
 
-InterazioneScriptata::InterazioneScriptata() { ImpostaInterazione(this); }
+InterazioneScriptata::InterazioneScriptata() {
+    ImpostaInterazione(this);
+}
 
-InterazioneScriptata::~InterazioneScriptata() { ImpostaInterazione(nullptr); }
+InterazioneScriptata::~InterazioneScriptata() {
+    ImpostaInterazione(nullptr);
+}
 
 InterazioneScriptata& InterazioneScriptata::Rispondi(Risposta risposta) {
-    m_script.append({Tipo::MsgBox, risposta, {}, {}, true});
+    m_script.append({Tipo::MsgBox, risposta, {}, {}, true, {}});
     return *this;
 }
 
-InterazioneScriptata& InterazioneScriptata::Digita(const QString& testo) {
-    m_script.append({Tipo::InputBox, Risposta::Ok, testo, {}, true});
+InterazioneScriptata& InterazioneScriptata::Digita(const QString& testo, std::function<void()> alMomento) {
+    m_script.append({Tipo::InputBox, Risposta::Ok, testo, {}, true, std::move(alMomento)});
     return *this;
 }
 
 InterazioneScriptata& InterazioneScriptata::Modale(std::function<void(QDialog&)> azione) {
-    m_script.append({Tipo::Modale, Risposta::Ok, {}, std::move(azione), true});
+    m_script.append({Tipo::Modale, Risposta::Ok, {}, std::move(azione), true, {}});
     return *this;
 }
 
 InterazioneScriptata& InterazioneScriptata::Shell(bool riuscito) {
-    m_script.append({Tipo::Shell, Risposta::Ok, {}, {}, riuscito});
+    m_script.append({Tipo::Shell, Risposta::Ok, {}, {}, riuscito, {}});
     return *this;
 }
 
@@ -51,7 +55,8 @@ bool InterazioneScriptata::Prossimo(Tipo tipo, const QString& descrizione, Passo
     }
     passo = m_script.takeFirst();
     if (passo.tipo != tipo) {
-        m_errori << QStringLiteral("expected a %1, got a %2: %3").arg(NomeTipo(passo.tipo), NomeTipo(tipo), descrizione);
+        m_errori << QStringLiteral("expected a %1, got a %2: %3")
+                        .arg(NomeTipo(passo.tipo), NomeTipo(tipo), descrizione);
         return false;
     }
     return true;
@@ -63,10 +68,15 @@ Risposta InterazioneScriptata::MsgBox(const Messaggio& messaggio) {
     return Prossimo(Tipo::MsgBox, messaggio.testo, passo) ? passo.risposta : Risposta::Annulla;
 }
 
-QString InterazioneScriptata::InputBox(const QString& prompt, const QString& titolo, const QString& predefinito) {
+QString InterazioneScriptata::InputBox(const QString& prompt, const QString& titolo,
+                                       const QString& predefinito) {
     m_richieste.append({Tipo::InputBox, {prompt, titolo}, predefinito, {}});
     Passo passo;
-    return Prossimo(Tipo::InputBox, prompt, passo) ? passo.testo : QString();
+    if (!Prossimo(Tipo::InputBox, prompt, passo))
+        return {};
+    if (passo.alMomento)
+        passo.alMomento();
+    return passo.testo;
 }
 
 int InterazioneScriptata::MostraModale(QDialog& finestra) {

@@ -23,7 +23,8 @@ public:
     ~InterazioneScriptata() override;
 
     InterazioneScriptata& Rispondi(Risposta risposta);
-    InterazioneScriptata& Digita(const QString& testo);
+    // `alMomento` runs when the input box is asked, to look at the program while it waits.
+    InterazioneScriptata& Digita(const QString& testo, std::function<void()> alMomento = {});
     // Acts on the modal window while it is shown (e.g. clicks its buttons); the window's result is returned.
     InterazioneScriptata& Modale(std::function<void(QDialog&)> azione);
     InterazioneScriptata& Shell(bool riuscito = true);
@@ -45,6 +46,7 @@ private:
         QString testo;
         std::function<void(QDialog&)> azione;
         bool riuscito = true;
+        std::function<void()> alMomento;
     };
 
     bool Prossimo(Tipo tipo, const QString& descrizione, Passo& passo);
@@ -54,8 +56,8 @@ private:
     QStringList m_errori;
 };
 
-#define VERIFICA_SCRIPT(script)                                                                               \
-    do {                                                                                                      \
-        const QStringList errori_ = (script).Errori();                                                        \
-        QVERIFY2(errori_.isEmpty(), qPrintable(errori_.join(QLatin1Char('\n'))));                             \
+#define VERIFICA_SCRIPT(script)                                                                              \
+    do {                                                                                                     \
+        const QStringList errori_ = (script).Errori();                                                       \
+        QVERIFY2(errori_.isEmpty(), qPrintable(errori_.join(QLatin1Char('\n'))));                            \
     } while (false)

@@ -1,0 +1,56 @@
+#include "avvio.h"
+
+#include "archivio.h"
+#include "form1.h"
+#include "frmmain.h"
+#include "iconaprogramma.h"
+#include "listecontrolli.h"
+#include "programma.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QListWidget>
+#include <QLockFile>
+#include <QStandardPaths>
+#include <cstdio>
+#include <exception>
+#include <memory>
+
+bool PrimaIstanza() {
+    QString cartella = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (cartella.isEmpty())
+        cartella = QDir::tempPath();
+    static std::unique_ptr<QLockFile> blocco;
+    blocco = std::make_unique<QLockFile>(cartella + QStringLiteral("/orvix.lock"));
+    blocco->setStaleLockTime(0);
+    return blocco->tryLock(0);
+}
+
+frmMAIN* EseguiAvvio(const QString& cartellaProgramma) {
+    ApriDatabase(cartellaProgramma);
+    auto* frame = new frmMAIN;
+    frame->setAttribute(Qt::WA_DeleteOnClose);
+    Form1& collezioni = CaricaForm1();
+    CaricaCollezioniInLista(*collezioni.List1);
+    if (collezioni.List1->count() == 0)
+        collezioni.mnuNewCollection_Click();
+    frame->show();
+    return frame;
+}
+
+int Avvio(int argc, char** argv) {
+    QApplication applicazione(argc, argv);
+    QApplication::setApplicationName(Programma::Titolo());
+    QApplication::setApplicationVersion(Programma::Versione());
+    QApplication::setWindowIcon(IconaProgramma());
+    if (!PrimaIstanza())
+        return 0;
+    try {
+        EseguiAvvio(QCoreApplication::applicationDirPath());
+    } catch (const std::exception& errore) {
+        // No window exists to say it in; a person who started the program from a terminal learns why.
+        std::fprintf(stderr, "%s: %s\n", qPrintable(Programma::Titolo()), errore.what());
+        return 1;
+    }
+    return QApplication::exec();
+}

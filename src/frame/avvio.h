@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+class frmMAIN;
+
+// The program's start routine: single instance, store, main frame, collections window, and the
+// first collection when there is none. Answers the process exit code.
+int Avvio(int argc, char** argv);
+
+// Everything after the single-instance check; throws on failure. The frame is returned hidden
+// only when the routine did not reach its end.
+frmMAIN* EseguiAvvio(const QString& cartellaProgramma);
+
+// Holds the single-instance lock in the user's runtime folder; false when another instance holds it.
+bool PrimaIstanza();

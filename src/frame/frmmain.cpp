@@ -1,0 +1,168 @@
+#include "frmmain.h"
+
+#include "archivio.h"
+#include "confine.h"
+#include "form1.h"
+#include "frmabout.h"
+#include "iconaprogramma.h"
+#include "interazione.h"
+#include "listecontrolli.h"
+#include "programma.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+
+QString TitoloFrame(int maggiore, int minore, int revisione) {
+    return Programma::Titolo() + QStringLiteral(" - versione ") + QString::number(maggiore) +
+           QLatin1Char('.') + QString::number(minore) + QLatin1Char('.') + QString::number(revisione) +
+           QStringLiteral(" BETA");
+}
+
+frmMAIN::frmMAIN(QWidget* parent)
+    : QMainWindow(parent)
+    , m_area(new QMdiArea(this)) {
+    setObjectName(QStringLiteral("frmMAIN"));
+    m_area->setObjectName(QStringLiteral("AreaFigli"));
+    m_area->setBackground(palette().brush(QPalette::Dark));
+    setCentralWidget(m_area);
+    setWindowIcon(IconaProgramma());
+    Sbar1 = new QStatusBar(this);
+    Sbar1->setObjectName(QStringLiteral("Sbar1"));
+    setStatusBar(Sbar1);
+    CreaMenu();
+    connect(m_area, &QMdiArea::subWindowActivated, this, [this] { AggiornaMenu(); });
+    resize(1024, 700);
+    setWindowTitle(
+        TitoloFrame(Programma::VersioneMaggiore(), Programma::VersioneMinore(), Programma::Revisione()));
+    ImpostaOspiteFinestre(this);
+    MostraFiglia(&CaricaForm1());
+}
+
+frmMAIN::~frmMAIN() {
+    ImpostaOspiteFinestre(nullptr);
+    // The children go first, while the frame is whole and no longer follows their activation.
+    m_area->disconnect(this);
+    for (QMdiSubWindow* figlio : m_area->subWindowList())
+        if (figlio->widget())
+            figlio->widget()->disconnect(this);
+    delete m_area;
+}
+
+void frmMAIN::CreaMenu() {
+    mnuFIle = new QMenu(QStringLiteral("&File"), this);
+    mnuFIle->setObjectName(QStringLiteral("mnuFIle"));
+    QAction* gestione = mnuFIle->addAction(QStringLiteral("Gestione Collezioni"));
+    gestione->setObjectName(QStringLiteral("mnuApriGestioneCollezioni"));
+    mnuFIle->addSeparator()->setObjectName(QStringLiteral("mnusep"));
+    QAction* esci = mnuFIle->addAction(QStringLiteral("Esci"));
+    esci->setObjectName(QStringLiteral("mnuEsci"));
+
+    mnuWindow = new QMenu(QStringLiteral("Finestra"), this);
+    mnuWindow->setObjectName(QStringLiteral("mnuWindow"));
+    QAction* verticale = mnuWindow->addAction(QStringLiteral("Affianca in Verticale"));
+    verticale->setObjectName(QStringLiteral("mnuTileV"));
+    QAction* orizzontale = mnuWindow->addAction(QStringLiteral("Affianca in Orizzontale"));
+    orizzontale->setObjectName(QStringLiteral("mnuTileH"));
+
+    mnuH = new QMenu(QStringLiteral("&?"), this);
+    mnuH->setObjectName(QStringLiteral("mnuH"));
+    QAction* aiuto = mnuH->addAction(QStringLiteral("Help"));
+    aiuto->setObjectName(QStringLiteral("mnuHelp"));
+    QAction* informazioni = mnuH->addAction(QStringLiteral("Informazioni su..."));
+    informazioni->setObjectName(QStringLiteral("mnuAbout"));
+
+    connect(gestione, &QAction::triggered, this, Protetto([this] { mnuApriGestioneCollezioni_Click(); }));
+    connect(esci, &QAction::triggered, this, &QWidget::close);
+    connect(verticale, &QAction::triggered, this, [this] { Affianca(true); });
+    connect(orizzontale, &QAction::triggered, this, [this] { Affianca(false); });
+    connect(aiuto, &QAction::triggered, this, Protetto([this] { mnuHelp_Click(); }));
+    connect(informazioni, &QAction::triggered, this, Protetto([this] { mnuAbout_Click(); }));
+    connect(mnuWindow, &QMenu::aboutToShow, this, [this] {
+        // The window list follows the two tile commands, as the child windows stand now.
+        const auto azioni = mnuWindow->actions();
+        for (int i = 2; i < azioni.size(); ++i)
+            delete azioni.at(i);
+        const auto figli = m_area->subWindowList();
+        if (!figli.isEmpty())
+            mnuWindow->addSeparator();
+        for (QMdiSubWindow* figlio : figli) {
+            QAction* voce = mnuWindow->addAction(figlio->windowTitle());
+            voce->setCheckable(true);
+            voce->setChecked(figlio == m_area->currentSubWindow());
+            connect(voce, &QAction::triggered, m_area,
+                    [this, figlio] { m_area->setActiveSubWindow(figlio); });
+        }
+    });
+    AggiornaMenu();
+}
+
+void frmMAIN::AggiornaMenu() {
+    QMdiSubWindow* attiva = m_area->currentSubWindow();
+    const auto* conMenu = attiva ? dynamic_cast<const FinestraConMenu*>(attiva->widget()) : nullptr;
+    const QList<QMenu*> menu = conMenu ? conMenu->MenuFinestra() : QList<QMenu*>{mnuFIle, mnuWindow, mnuH};
+    menuBar()->clear();
+    for (QMenu* voce : menu)
+        menuBar()->addMenu(voce);
+}
+
+void frmMAIN::MostraFiglia(QWidget* finestra) {
+    QMdiSubWindow* contenitore = nullptr;
+    for (QMdiSubWindow* figlio : m_area->subWindowList())
+        if (figlio->widget() == finestra)
+            contenitore = figlio;
+    if (!contenitore) {
+        contenitore = m_area->addSubWindow(finestra);
+        contenitore->setAttribute(Qt::WA_DeleteOnClose);
+        contenitore->resize(finestra->size());
+        connect(finestra, &QObject::destroyed, this, [this] { AggiornaMenu(); });
+    }
+    contenitore->show();
+    finestra->show();
+    m_area->setActiveSubWindow(contenitore);
+    AggiornaMenu();
+}
+
+void frmMAIN::MostraStato(const QString& testo) {
+    Sbar1->showMessage(testo);
+}
+
+void frmMAIN::mnuApriGestioneCollezioni_Click() {
+    Form1& form = CaricaForm1();
+    CaricaCollezioniInLista(*form.List1);
+    MostraFiglia(&form);
+}
+
+void frmMAIN::mnuHelp_Click() {
+    // A missing help file fails silently.
+    ApriConShell(AppPath() + QStringLiteral("guidaorvix.chm"));
+}
+
+void frmMAIN::mnuAbout_Click() {
+    frmAbout informazioni(this);
+    MostraModale(informazioni);
+}
+
+void frmMAIN::Affianca(bool verticale) {
+    const auto figli = m_area->subWindowList();
+    if (figli.isEmpty())
+        return;
+    const QSize area = m_area->viewport()->size();
+    const int n = static_cast<int>(figli.size());
+    for (int i = 0; i < n; ++i) {
+        figli.at(i)->showNormal();
+        if (verticale)
+            figli.at(i)->setGeometry(i * area.width() / n, 0, area.width() / n, area.height());
+        else
+            figli.at(i)->setGeometry(0, i * area.height() / n, area.width(), area.height() / n);
+    }
+}
+
+void frmMAIN::closeEvent(QCloseEvent* evento) {
+    m_area->closeAllSubWindows();
+    ChiudiDatabase();
+    evento->accept();
+}

@@ -1,0 +1,230 @@
+#include "archiviotemporaneo.h"
+#include "interazionescriptata.h"
+
+#include "archivio.h"
+#include "form1.h"
+#include "grigliaproprieta.h"
+#include "listecontrolli.h"
+#include "routinesql.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QtTest>
+
+namespace {
+
+QString Scalare(const QString& sql) {
+    return Database().ApriRecordset(sql).Campo(0).toString();
+}
+
+// The type chooser that "Nuova" leads to, closed with "Annulla".
+void AnnullaScelta(QDialog& scelta) {
+    scelta.findChild<QPushButton*>(QStringLiteral("cmdANNULLA"))->click();
+}
+
+void Clicca(QListWidget* lista, int riga) {
+    const QRect area = lista->visualItemRect(lista->item(riga));
+    QTest::mouseClick(lista->viewport(), Qt::LeftButton, {}, area.center());
+}
+
+void RilasciaDestro(QListWidget* lista) {
+    QTest::mouseRelease(lista->viewport(), Qt::RightButton, {}, QPoint(5, 5));
+}
+
+struct Finestra {
+    Finestra() {
+        CaricaCollezioniInLista(*form.List1);
+        form.show();
+    }
+    Form1 form;
+};
+
+} // namespace
+
+class TestCollezioni final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void newCollectionIsAddedAndMadeCurrentWithoutSelection() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        Finestra f;
+        InterazioneScriptata script;
+        script.Digita(QStringLiteral("  Farfalle  "))
+            .Digita(QStringLiteral(" europee "))
+            .Modale(AnnullaScelta);
+        f.form.mnuNewCollection->trigger();
+        VERIFICA_SCRIPT(script);
+        const auto& descrizione = script.Richieste().at(1).messaggio;
+        QCOMPARE(
+            descrizione.testo,
+            QStringLiteral("Se desideri puoi anche accompagnare alla tua collezione una breve descrizione?"));
+        QCOMPARE(descrizione.titolo, QStringLiteral("Descrivi la tua collezione"));
+        QCOMPARE(f.form.List1->count(), 2);
+        QCOMPARE(f.form.List1->item(1)->text(), QStringLiteral("Farfalle"));
+        const qint32 id = f.form.List1->item(1)->data(Qt::UserRole).toInt();
+        QCOMPARE(f.form.IdCollezioneCorrente(), id);
+        QVERIFY(f.form.List1->selectedItems().isEmpty());
+        QCOMPARE(Scalare(QStringLiteral("select descrizione from collezioni where id=%1").arg(id)),
+                 QStringLiteral("europee"));
+    }
+
+    void cancelledOrDuplicateNamesCreateNothing() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        Finestra f;
+        InterazioneScriptata script;
+        script.Digita(QStringLiteral("   "));
+        f.form.mnuNewCollection->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(script.Richieste().size(), 1);
+
+        // A duplicate is silently not created; with no collection current the field command says so.
+        script.Digita(QStringLiteral("dischi")).Digita(QString()).Rispondi(Risposta::Ok);
+        f.form.mnuNewCollection->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(script.TestiMessaggi(), QStringList({"Nessuna Collezione Selezionata!"}));
+        QCOMPARE(f.form.List1->count(), 1);
+        QCOMPARE(Scalare(QStringLiteral("select count(*) from collezioni")), QStringLiteral("1"));
+    }
+
+    void aQuoteInANewNameShowsTheEnginesErrorAndGoesOn() {
+        ArchivioTemporaneo archivio;
+        Finestra f;
+        InterazioneScriptata script;
+        script.Digita(QStringLiteral("L'album")).Digita(QString()).Rispondi(Risposta::Ok);
+        f.form.mnuNewCollection->trigger();
+        VERIFICA_SCRIPT(script);
+        const auto& errore = script.Richieste().last().messaggio;
+        QVERIFY2(errore.testo.contains(QLatin1String("syntax error")), qPrintable(errore.testo));
+        QCOMPARE(errore.icona, Icona::Critica);
+        QCOMPARE(f.form.List1->count(), 0);
+
+        script.Digita(QStringLiteral("Album")).Digita(QString()).Modale(AnnullaScelta);
+        f.form.mnuNewCollection->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(f.form.List1->count(), 1);
+    }
+
+    void selectingACollectionListsItsFields() {
+        ArchivioTemporaneo archivio;
+        const qint32 dischi = CreaCollezione(QStringLiteral("Dischi"), QString());
+        CreaCollezione(QStringLiteral("Film"), QString());
+        for (const char* nome : {"Titolo", "Autore"})
+            Database().Esegui(
+                QStringLiteral("insert into campi (id_collezione,nome,tipo) values (%1,'%2','textbox')")
+                    .arg(dischi)
+                    .arg(QLatin1String(nome)));
+        Finestra f;
+        Clicca(f.form.List1, 0);
+        QCOMPARE(f.form.IdCollezioneCorrente(), dischi);
+        QCOMPARE(f.form.NomeCollezioneCorrente(), QStringLiteral("Dischi"));
+        QCOMPARE(f.form.List2->count(), 2);
+        QCOMPARE(f.form.List2->item(1)->text(), QStringLiteral("Autore"));
+        Clicca(f.form.List2, 1);
+        QCOMPARE(f.form.IdCampoCorrente(), f.form.List2->item(1)->data(Qt::UserRole).toInt());
+        Clicca(f.form.List1, 1);
+        QCOMPARE(f.form.List2->count(), 0);
+    }
+
+    void renameWithAndWithoutDescription() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("vecchia"));
+        Finestra f;
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok);
+        f.form.mnuRinominaCollezione->trigger();
+        QCOMPARE(script.TestiMessaggi(), QStringList({"Selezionare una Collezione dall'apposita Lista!"}));
+        QCOMPARE(script.Richieste().last().messaggio.titolo, QStringLiteral("Orvix"));
+
+        Clicca(f.form.List1, 0);
+        script.Digita(QStringLiteral(" Vinili d'epoca ")).Digita(QString());
+        f.form.mnuRinominaCollezione->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(script.Richieste().at(1).predefinito, QStringLiteral("Dischi"));
+        QCOMPARE(script.Richieste().at(1).messaggio.titolo, QStringLiteral("Nuovo nome..."));
+        QCOMPARE(Scalare(QStringLiteral("select nome from collezioni")), QStringLiteral("Vinili d'epoca"));
+        QCOMPARE(Scalare(QStringLiteral("select descrizione from collezioni")), QStringLiteral("vecchia"));
+
+        // With a description the statement lacks its comma: the engine refuses it and says so,
+        // the list shows the new name and the store keeps the old one.
+        script.Digita(QStringLiteral("Dischi 2")).Digita(QStringLiteral("nuova")).Rispondi(Risposta::Ok);
+        f.form.mnuRinominaCollezione->trigger();
+        VERIFICA_SCRIPT(script);
+        QVERIFY(script.TestiMessaggi().last().contains(QLatin1String("syntax error")));
+        QCOMPARE(f.form.List1->item(0)->text(), QStringLiteral("Dischi 2"));
+        QCOMPARE(Scalare(QStringLiteral("select nome from collezioni")), QStringLiteral("Vinili d'epoca"));
+
+        script.Digita(QString());
+        f.form.mnuRinominaCollezione->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(f.form.List1->item(0)->text(), QStringLiteral("Dischi 2"));
+    }
+
+    void deleteAsksAndClearsEverything() {
+        ArchivioTemporaneo archivio;
+        const qint32 dischi = CreaCollezione(QStringLiteral("Dischi"), QString());
+        CreaCollezione(QStringLiteral("Film"), QString());
+        Database().Esegui(
+            QStringLiteral("insert into campi (id_collezione,nome) values (%1,'Titolo')").arg(dischi));
+        Finestra f;
+        InterazioneScriptata script;
+        Clicca(f.form.List1, 0);
+        Clicca(f.form.List2, 0);
+
+        script.Rispondi(Risposta::No);
+        f.form.mnuDelCollection->trigger();
+        const auto& domanda = script.Richieste().last().messaggio;
+        QCOMPARE(domanda.testo,
+                 QStringLiteral("Sicuro di voler cancellare definitivamente la collezione selezionata?"));
+        QCOMPARE(domanda.titolo, QStringLiteral("Attenzione!"));
+        QCOMPARE(domanda.pulsanti, Pulsanti::SiNoAnnulla);
+        QCOMPARE(domanda.icona, Icona::Domanda);
+        QCOMPARE(domanda.predefinito, 2);
+        QCOMPARE(f.form.List1->count(), 2);
+
+        script.Rispondi(Risposta::Si);
+        QTest::keyClick(f.form.List1, Qt::Key_Delete);
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(f.form.List1->count(), 1);
+        QCOMPARE(f.form.List2->count(), 0);
+        QCOMPARE(f.form.Lv1->topLevelItemCount(), 0);
+        QCOMPARE(f.form.IdCollezioneCorrente(), -1);
+        QCOMPARE(f.form.IdCampoCorrente(), -1);
+        QVERIFY(f.form.List1->selectedItems().isEmpty());
+        // Only the collection row goes; its fields stay behind.
+        QCOMPARE(Scalare(QStringLiteral("select count(*) from collezioni")), QStringLiteral("1"));
+        QCOMPARE(Scalare(QStringLiteral("select count(*) from campi")), QStringLiteral("1"));
+
+        script.Rispondi(Risposta::Ok);
+        f.form.mnuNewCampo->trigger();
+        QCOMPARE(script.TestiMessaggi().last(), QStringLiteral("Nessuna Collezione Selezionata!"));
+        VERIFICA_SCRIPT(script);
+    }
+
+    void withNoSelectionDeleteDoesNothingAndPopupsStillOpen() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        Finestra f;
+        InterazioneScriptata script;
+        QTest::keyClick(f.form.List1, Qt::Key_Delete);
+        f.form.mnuDelCollection->trigger();
+        QTest::keyClick(f.form.List2, Qt::Key_Delete);
+        QCOMPARE(f.form.List1->count(), 1);
+
+        RilasciaDestro(f.form.List1);
+        QTRY_VERIFY(f.form.mnuCollezioni->isVisible());
+        f.form.mnuCollezioni->hide();
+        RilasciaDestro(f.form.List2);
+        QTRY_VERIFY(f.form.mnuCampi->isVisible());
+        f.form.mnuCampi->hide();
+        VERIFICA_SCRIPT(script);
+        QVERIFY(script.Richieste().isEmpty());
+    }
+};
+
+QTEST_MAIN(TestCollezioni)
+#include "tst_collezioni.moc"

@@ -1,0 +1,244 @@
+#include "archiviotemporaneo.h"
+#include "interazionescriptata.h"
+
+#include "archivio.h"
+#include "avvio.h"
+#include "form1.h"
+#include "frmabout.h"
+#include "frmmain.h"
+#include "programma.h"
+#include "routinesql.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QProcess>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTextEdit>
+#include <QtTest>
+
+namespace {
+
+QStringList TitoliMenu(QMenuBar* barra) {
+    QStringList titoli;
+    for (QAction* azione : barra->actions())
+        titoli << azione->text();
+    return titoli;
+}
+
+QStringList VociMenu(QMenu* menu) {
+    QStringList voci;
+    for (QAction* azione : menu->actions())
+        voci << (azione->isSeparator() ? QStringLiteral("-") : azione->text());
+    return voci;
+}
+
+// A copy of the program in a folder of its own, so it finds its own store and help file there.
+QString CopiaProgramma(const QString& cartella) {
+    const QString destinazione = cartella + QStringLiteral("/orvix");
+    QFile::copy(QStringLiteral(ORVIX_PROGRAMMA), destinazione);
+    return destinazione;
+}
+
+QProcessEnvironment AmbienteProva(const QString& cartella) {
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    ambiente.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    ambiente.insert(QStringLiteral("XDG_RUNTIME_DIR"), cartella);
+    ambiente.insert(QStringLiteral("XDG_CONFIG_HOME"), cartella);
+    return ambiente;
+}
+
+} // namespace
+
+class TestAvvio final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void emptyStorePromptsBeforeTheFrameShows() {
+        ArchivioTemporaneo archivio;
+        const QString cartella = archivio.Cartella();
+        ChiudiDatabase();
+        InterazioneScriptata script;
+        bool frameVisibileAlPrompt = true;
+        script.Digita(QString(), [&] {
+            frameVisibileAlPrompt = false;
+            for (QWidget* finestra : QApplication::topLevelWidgets())
+                frameVisibileAlPrompt |= qobject_cast<frmMAIN*>(finestra) && finestra->isVisible();
+        });
+        std::unique_ptr<frmMAIN> frame(EseguiAvvio(cartella));
+        VERIFICA_SCRIPT(script);
+        QVERIFY(!frameVisibileAlPrompt);
+        QCOMPARE(script.Richieste().at(0).messaggio.testo,
+                 QStringLiteral("Digita il nome della nuova Collezione?"));
+        QCOMPARE(script.Richieste().at(0).messaggio.titolo, QStringLiteral("Cosa collezioni?"));
+        QVERIFY(frame->isVisible());
+        Form1* collezioni = IstanzaForm1();
+        QVERIFY(collezioni && collezioni->isVisible());
+        QCOMPARE(collezioni->List1->count(), 0);
+        QCOMPARE(collezioni->IdCollezioneCorrente(), -1);
+        QCOMPARE(collezioni->IdCampoCorrente(), -1);
+    }
+
+    void storeWithCollectionsShowsThemWithoutPrompting() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        CreaCollezione(QStringLiteral("Film"), QString());
+        InterazioneScriptata script;
+        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(IstanzaForm1()->List1->count(), 2);
+        QCOMPARE(IstanzaForm1()->List1->item(1)->text(), QStringLiteral("Film"));
+        QCOMPARE(frame->windowTitle(), TitoloFrame(Programma::VersioneMaggiore(), Programma::VersioneMinore(),
+                                                   Programma::Revisione()));
+        QCOMPARE(TitoloFrame(1, 2, 3), QStringLiteral("Orvix - versione 1.2.3 BETA"));
+
+        frame->MostraStato(QStringLiteral("Pronto"));
+        QCOMPARE(frame->Sbar1->currentMessage(), QStringLiteral("Pronto"));
+        const QString cartellaFoto = qEnvironmentVariable("ORVIX_SCREENSHOTS");
+        if (!cartellaFoto.isEmpty()) {
+            IstanzaForm1()->List1->setCurrentRow(0);
+            QVERIFY(frame->grab().save(cartellaFoto + QStringLiteral("/frame.png")));
+        }
+    }
+
+    void childMenusTakeThePlaceOfTheFramesOwn() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        InterazioneScriptata script;
+        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        QCOMPARE(TitoliMenu(frame->menuBar()), QStringList({"Collezione", "Campi"}));
+        QCOMPARE(VociMenu(IstanzaForm1()->mnuCollezioni),
+                 QStringList({"Nuova", "Rinomina", "Elimina", "-", "Inserisci Record"}));
+        QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi),
+                 QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà"}));
+
+        frame->AreaFigli()->closeAllSubWindows();
+        QTRY_VERIFY(!IstanzaForm1());
+        QCOMPARE(TitoliMenu(frame->menuBar()), QStringList({"&File", "Finestra", "&?"}));
+        QCOMPARE(VociMenu(frame->mnuFIle), QStringList({"Gestione Collezioni", "-", "Esci"}));
+        QCOMPARE(VociMenu(frame->mnuWindow),
+                 QStringList({"Affianca in Verticale", "Affianca in Orizzontale"}));
+        QCOMPARE(VociMenu(frame->mnuH), QStringList({"Help", "Informazioni su..."}));
+
+        // Brought back with a freshly loaded list.
+        CreaCollezione(QStringLiteral("Francobolli"), QString());
+        frame->findChild<QAction*>(QStringLiteral("mnuApriGestioneCollezioni"))->trigger();
+        QVERIFY(IstanzaForm1() && IstanzaForm1()->isVisible());
+        QCOMPARE(IstanzaForm1()->List1->count(), 2);
+        QCOMPARE(IstanzaForm1()->IdCollezioneCorrente(), -1);
+        QCOMPARE(frame->AreaFigli()->subWindowList().size(), 1);
+        VERIFICA_SCRIPT(script);
+    }
+
+    void tilingArrangesChildrenSideBySideOrStacked() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        InterazioneScriptata script;
+        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        auto* altra = new QWidget;
+        altra->setWindowTitle(QStringLiteral("Altra"));
+        frame->MostraFiglia(altra);
+        const auto figli = frame->AreaFigli()->subWindowList();
+        frame->Affianca(true);
+        QCOMPARE(figli.at(0)->y(), figli.at(1)->y());
+        QVERIFY(figli.at(0)->x() != figli.at(1)->x());
+        frame->Affianca(false);
+        QCOMPARE(figli.at(0)->x(), figli.at(1)->x());
+        QVERIFY(figli.at(0)->y() != figli.at(1)->y());
+    }
+
+    void exitClosesTheStore() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        InterazioneScriptata script;
+        QPointer<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        frame->findChild<QAction*>(QStringLiteral("mnuEsci"))->trigger();
+        QTRY_VERIFY(!frame);
+        QVERIFY(!Database().Aperta());
+    }
+
+    void helpAndAboutGoThroughTheShell() {
+        ArchivioTemporaneo archivio;
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        InterazioneScriptata script;
+        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        script.Shell(false);
+        frame->mnuHelp_Click();
+        QCOMPARE(script.Richieste().last().predefinito, AppPath() + QStringLiteral("guidaorvix.chm"));
+
+        script.Modale([](QDialog& finestra) {
+            auto& about = static_cast<frmAbout&>(finestra);
+            QCOMPARE(about.windowTitle(), QStringLiteral("Informazioni su Orvix"));
+            QCOMPARE(about.lblTitle->text(), QStringLiteral("ORVIX"));
+            QCOMPARE(about.lblVersion->text(), QStringLiteral("Versione ") + Programma::Versione());
+            QVERIFY(about.lblDescription->toPlainText().startsWith(
+                QStringLiteral("Orvix per Tarvino\n\nQuesto")));
+            const QString cartellaFoto = qEnvironmentVariable("ORVIX_SCREENSHOTS");
+            if (!cartellaFoto.isEmpty())
+                about.grab().save(cartellaFoto + QStringLiteral("/about.png"));
+            about.cmdOK->click();
+        });
+        frame->mnuAbout_Click();
+        VERIFICA_SCRIPT(script);
+
+        QCOMPARE(frmAbout::DestinazioneCollegamento(QStringLiteral("orvix@example.org")),
+                 QStringLiteral("mailto:orvix@example.org?subject=Orvix_Tarvino"));
+        QCOMPARE(frmAbout::DestinazioneCollegamento(QStringLiteral("https://www.example.org")),
+                 QStringLiteral("https://www.example.org"));
+        frmAbout about;
+        script.Shell();
+        Q_EMIT about.lblMail->linkActivated(QStringLiteral("#"));
+        QCOMPARE(script.Richieste().last().predefinito,
+                 QStringLiteral("mailto:orvix@example.org?subject=Orvix_Tarvino"));
+        script.Rispondi(Risposta::Ok);
+        about.cmdSysInfo->click();
+        QCOMPARE(script.TestiMessaggi().last(),
+                 QStringLiteral("Le informazioni sul sistema non sono attualmente disponibili."));
+        VERIFICA_SCRIPT(script);
+    }
+
+    void missingStoreEndsWithoutAWindowAndSaysWhy() {
+        QTemporaryDir cartella;
+        QProcess programma;
+        programma.setProcessEnvironment(AmbienteProva(cartella.path()));
+        programma.start(CopiaProgramma(cartella.path()), {});
+        QVERIFY(programma.waitForFinished(20000));
+        QCOMPARE(programma.exitCode(), 1);
+        const QString errore = QString::fromLocal8Bit(programma.readAllStandardError());
+        QVERIFY2(errore.contains(QLatin1String("personalizza.orx")), qPrintable(errore));
+    }
+
+    void aSecondInstanceEndsAtOnce() {
+        QTemporaryDir cartella;
+        ArchivioTemporaneo::CopiaVuoto(cartella.path());
+        const QString eseguibile = CopiaProgramma(cartella.path());
+        QProcess prima;
+        prima.setProcessEnvironment(AmbienteProva(cartella.path()));
+        prima.start(eseguibile, {});
+        QVERIFY(prima.waitForStarted());
+        // The first instance waits at the new-collection prompt of its empty store.
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(cartella.filePath(QStringLiteral("orvix.lock"))), 20000);
+        QProcess seconda;
+        seconda.setProcessEnvironment(AmbienteProva(cartella.path()));
+        seconda.start(eseguibile, {});
+        QVERIFY(seconda.waitForFinished(20000));
+        QCOMPARE(seconda.exitCode(), 0);
+        QCOMPARE(prima.state(), QProcess::Running);
+        prima.kill();
+        prima.waitForFinished();
+    }
+
+    void singleInstanceLockIsHeldOnce() {
+        QTemporaryDir cartella;
+        qputenv("XDG_RUNTIME_DIR", cartella.path().toLocal8Bit());
+        QVERIFY(PrimaIstanza());
+        QVERIFY(QFile::exists(cartella.filePath(QStringLiteral("orvix.lock"))));
+    }
+};
+
+QTEST_MAIN(TestAvvio)
+#include "tst_avvio.moc"
