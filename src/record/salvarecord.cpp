@@ -1,0 +1,94 @@
+#include "navigazione.h"
+
+#include "archivio.h"
+#include "erroredatabase.h"
+#include "finestracontrolli.h"
+#include "interazione.h"
+#include "mappacampi.h"
+#include "numeri.h"
+#include "routinesql.h"
+
+namespace {
+
+// Defaults first: a required field with a default never fails.
+bool CampoAccettabile(QWidget& casella, qint32 idCampo) {
+    const Recordset campo = Database().ApriRecordset(
+        QStringLiteral("select required,\"default\",nome from campi where id=") + QString::number(idCampo));
+    if (campo.Fine())
+        return true;
+    const QString predefinito = campo.Testo(QStringLiteral("default"));
+    if (TestoCasella(casella).isEmpty() && !predefinito.isEmpty())
+        ImpostaTestoCasella(casella, predefinito);
+    if (!TestoCasella(casella).isEmpty() || !CBoolTesto(campo.Testo(QStringLiteral("required"))))
+        return true;
+    MsgBox(QStringLiteral("Valore del campo ") + campo.Testo(QStringLiteral("nome")) +
+               QStringLiteral(" non specificato!"),
+           Pulsanti::Ok, Icona::Critica, QStringLiteral("Errore..."));
+    casella.setFocus();
+    return false;
+}
+
+void ScriviValore(const QWidget& controllo, qint32 idCampo, qint32 n) {
+    Recordset riga = Database().ApriRecordset(
+        QStringLiteral("select valore,data_mod from valori where id_campo=") + QString::number(idCampo) +
+        QStringLiteral(" and numerorecord=") + QString::number(n));
+    if (riga.Fine())
+        return;
+    riga.Modifica();
+    riga.Imposta(QStringLiteral("valore"), ValoreControllo(controllo));
+    riga.Imposta(QStringLiteral("data_mod"), DataOggi());
+    riga.Salva();
+}
+
+bool ModificaFallita(const QString& descrizione) {
+    MsgBox(QStringLiteral("Errore in fase di modifica Record\n") + descrizione);
+    return false;
+}
+
+} // namespace
+
+bool ControllaRecord(FinestraControlli& finestra, qint32 idCollezione) {
+    for (QWidget* controllo : finestra.ControlliCampo()) {
+        if (!CasellaDiTesto(*controllo))
+            continue;
+        const qint32 idCampo = IdCampo(idCollezione, ChiaveControllo(*controllo));
+        if (idCampo > 0 && !CampoAccettabile(*controllo, idCampo))
+            return false;
+    }
+    return true;
+}
+
+bool SalvaNuovoRecord(FinestraControlli& finestra, qint32 idCollezione) {
+    const qint32 numero = ContaRecord(idCollezione) + 1;
+    const QString oggi = DataOggi();
+    Recordset valori = Database().ApriRecordset(QStringLiteral("select * from valori"));
+    for (const QWidget* controllo : finestra.ControlliCampo()) {
+        const qint32 idCampo = IdCampo(idCollezione, ChiaveControllo(*controllo));
+        if (idCampo <= 0)
+            continue;
+        valori.NuovoRecord();
+        valori.Imposta(QStringLiteral("id_campo"), idCampo);
+        valori.Imposta(QStringLiteral("valore"), ValoreControllo(*controllo));
+        valori.Imposta(QStringLiteral("data_ins"), oggi);
+        valori.Imposta(QStringLiteral("data_mod"), oggi);
+        valori.Imposta(QStringLiteral("NumeroRecord"), numero);
+        valori.Salva();
+    }
+    valori.Chiudi();
+    return true;
+}
+
+bool SalvaRecord(FinestraControlli& finestra, qint32 idCollezione, qint32 n) {
+    try {
+        for (const QWidget* controllo : finestra.ControlliCampo()) {
+            const qint32 idCampo = IdCampo(idCollezione, ChiaveControllo(*controllo));
+            if (idCampo > 0)
+                ScriviValore(*controllo, idCampo, n);
+        }
+    } catch (const ErroreDatabase& errore) {
+        return ModificaFallita(errore.messaggio());
+    } catch (const std::exception& errore) {
+        return ModificaFallita(QString::fromLocal8Bit(errore.what()));
+    }
+    return true;
+}

@@ -1,0 +1,110 @@
+#include "valorecontrollo.h"
+
+#include "cursore.h"
+#include "immagine.h"
+#include "numeri.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <limits>
+
+namespace {
+
+// The stored text as a position or state; a number too large for one counts as the largest.
+int Numero(const QString& testo) {
+    constexpr double minimo = std::numeric_limits<int>::min();
+    constexpr double massimo = std::numeric_limits<int>::max();
+    return CLng(qBound(minimo, Val(testo), massimo));
+}
+
+int RigaScelta(const QListWidget& lista) {
+    const QList<QListWidgetItem*> scelte = lista.selectedItems();
+    return scelte.isEmpty() ? -1 : lista.row(scelte.first());
+}
+
+void ScegliRiga(QListWidget& lista, int riga) {
+    lista.clearSelection();
+    lista.setCurrentRow(riga);
+}
+
+void MostraFigura(Immagine& immagine, const QString& percorso) {
+    immagine.setProperty("Tag", percorso);
+    const QFileInfo file(percorso);
+    immagine.setPixmap(!percorso.isEmpty() && file.isFile() ? QPixmap(percorso) : QPixmap());
+}
+
+} // namespace
+
+QString ValoreControllo(const QWidget& controllo) {
+    if (CasellaDiTesto(controllo))
+        return TestoCasella(controllo);
+    if (const auto* casella = qobject_cast<const QCheckBox*>(&controllo))
+        return casella->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
+    if (const auto* cursore = qobject_cast<const Cursore*>(&controllo))
+        return QString::number(cursore->value());
+    if (const auto* lista = qobject_cast<const QListWidget*>(&controllo))
+        return QString::number(RigaScelta(*lista));
+    if (const auto* combo = qobject_cast<const QComboBox*>(&controllo))
+        return QString::number(combo->currentIndex());
+    return controllo.property("Tag").toString();
+}
+
+void ImpostaValoreControllo(QWidget& controllo, const QString& testo) {
+    if (CasellaDiTesto(controllo))
+        ImpostaTestoCasella(controllo, testo);
+    else if (auto* casella = qobject_cast<QCheckBox*>(&controllo))
+        casella->setChecked(Numero(testo) != 0);
+    else if (auto* cursore = qobject_cast<Cursore*>(&controllo))
+        cursore->setValue(Numero(testo));
+    else if (auto* lista = qobject_cast<QListWidget*>(&controllo))
+        ScegliRiga(*lista, Numero(testo));
+    else if (auto* immagine = qobject_cast<Immagine*>(&controllo))
+        MostraFigura(*immagine, testo);
+}
+
+void SvuotaControllo(QWidget& controllo) {
+    if (CasellaDiTesto(controllo))
+        ImpostaTestoCasella(controllo, QString());
+    else if (auto* casella = qobject_cast<QCheckBox*>(&controllo))
+        casella->setChecked(false);
+    else if (auto* cursore = qobject_cast<Cursore*>(&controllo))
+        cursore->setValue(0);
+    else if (auto* lista = qobject_cast<QListWidget*>(&controllo))
+        ScegliRiga(*lista, -1);
+    else if (auto* combo = qobject_cast<QComboBox*>(&controllo))
+        combo->setCurrentIndex(-1);
+    else if (auto* immagine = qobject_cast<Immagine*>(&controllo))
+        immagine->setPixmap(QPixmap());
+}
+
+void AbilitaControllo(QWidget& controllo, bool modificabile) {
+    if (auto* riga = qobject_cast<QLineEdit*>(&controllo))
+        riga->setReadOnly(!modificabile);
+    else if (auto* memo = qobject_cast<QPlainTextEdit*>(&controllo))
+        memo->setReadOnly(!modificabile);
+    else
+        controllo.setEnabled(modificabile);
+}
+
+bool CasellaDiTesto(const QWidget& controllo) {
+    return qobject_cast<const QLineEdit*>(&controllo) || qobject_cast<const QPlainTextEdit*>(&controllo);
+}
+
+QString TestoCasella(const QWidget& casella) {
+    if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&casella))
+        return memo->toPlainText();
+    return static_cast<const QLineEdit&>(casella).text();
+}
+
+void ImpostaTestoCasella(QWidget& casella, const QString& testo) {
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(&casella))
+        memo->setPlainText(testo);
+    else if (auto* riga = qobject_cast<QLineEdit*>(&casella)) {
+        riga->setText(testo);
+        riga->setCursorPosition(0); // a long value is read from its start
+    }
+}

@@ -1,0 +1,283 @@
+#include "aprirecord.h"
+#include "archivio.h"
+#include "archiviotemporaneo.h"
+#include "campiprova.h"
+#include "cursore.h"
+#include "frmrecord.h"
+#include "immagine.h"
+#include "interazionescriptata.h"
+#include "routinesql.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QToolBar>
+#include <memory>
+
+// Browsing and editing through the toolbar, on a collection with a field of each kind.
+class TestNavigazione final : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<ArchivioTemporaneo> m_archivio;
+    qint32 m_id = 0;
+    QList<qint32> m_campi; // titolo, note, genere, voto, visto, formato, copertina
+
+    frmRecord& F() { return FinestraRecord(); }
+    template <typename T> T& C(const QString& chiave) { return *qobject_cast<T*>(F().Controllo(chiave)); }
+    QLineEdit& Titolo() { return C<QLineEdit>("Text1(1)"); }
+    void Premi(const QString& chiave) { F().Toolbar1_ButtonClick(chiave); }
+
+    void Record(qint32 n, const QString& titolo, const QString& copertina = QString()) {
+        const QStringList valori{titolo, "note " + titolo, "1", "3", "1", "2", copertina};
+        for (qsizetype i = 0; i < m_campi.size(); ++i)
+            ScriviValore(m_campi.at(i), n, valori.at(i));
+    }
+    void Dischi(int quanti) {
+        for (int n = 1; n <= quanti; ++n)
+            Record(n, "Disco " + QString::number(n));
+    }
+    QStringList Titoli() { return ValoriDelCampo(m_campi.at(0)); }
+
+    // Browse: buttons enabled, "ok" and "no" hidden, text boxes locked, other kinds disabled.
+    // New and edit: only "ok" and "no" enabled, every control open. Labels are never touched.
+    void VerificaStato(bool modifica) {
+        for (const QAction* pulsante : F().Toolbar1->actions()) {
+            const bool confermaAnnulla = pulsante->objectName() == "ok" || pulsante->objectName() == "no";
+            QCOMPARE(pulsante->isVisible(), modifica || !confermaAnnulla);
+            if (pulsante->isVisible() && !pulsante->isSeparator()) // hidden actions also read as disabled
+                QCOMPARE(pulsante->isEnabled(), !modifica || confermaAnnulla);
+        }
+        for (QWidget* controllo : F().ControlliCampo()) {
+            const bool testo =
+                qobject_cast<QLineEdit*>(controllo) || qobject_cast<QPlainTextEdit*>(controllo);
+            QCOMPARE(controllo->isEnabled(), testo || modifica);
+            if (testo)
+                QCOMPARE(controllo->property("readOnly").toBool(), !modifica);
+        }
+        QVERIFY(F().Controllo("Label1(1)")->isEnabled());
+    }
+
+private Q_SLOTS:
+    void initTestCase() { UsaLocaleItaliano(); }
+
+    void init() {
+        m_archivio = std::make_unique<ArchivioTemporaneo>();
+        m_id = CreaCollezione("Dischi", QString());
+        m_campi = {AggiungiCampo(m_id, {{"nome", "Titolo"}, {"etichetta", "Titolo"}}),
+                   AggiungiCampo(m_id, {{"nome", "Note"}, {"tipo", "memo"}}),
+                   AggiungiCampo(m_id, {{"nome", "Genere"}, {"tipo", "combo"}, {"special", "Rock|Jazz|Pop"}}),
+                   AggiungiCampo(m_id, {{"nome", "Voto"}, {"tipo", "slider"}, {"special", "1|10"}}),
+                   AggiungiCampo(m_id, {{"nome", "Visto"}, {"tipo", "checkbox"}}),
+                   AggiungiCampo(m_id, {{"nome", "Formato"}, {"tipo", "list"}, {"special", "CD|LP|MC"}}),
+                   AggiungiCampo(m_id, {{"nome", "Copertina"}, {"tipo", "image"}, {"special", "TRUE"}})};
+    }
+
+    void cleanup() {
+        delete &F();
+        m_archivio.reset();
+    }
+
+    void mostraOgniTipoTranneLaCombo() {
+        Dischi(2);
+        ScriviValore(m_campi.at(0), 3, "Solo il titolo");
+        ApriRecord(m_id, 1);
+        VerificaStato(false);
+        C<QComboBox>("Combo1(1)").setCurrentIndex(2);
+        Premi("NEXT");
+        QCOMPARE(F().windowTitle(), QString("Record N. 2"));
+        QCOMPARE(Titolo().text(), QString("Disco 2"));
+        QCOMPARE(C<QPlainTextEdit>("Memo1(1)").toPlainText(), QString("note Disco 2"));
+        QCOMPARE(C<Cursore>("Slider1(1)").value(), 3);
+        QVERIFY(C<QCheckBox>("Check1(1)").isChecked());
+        QCOMPARE(C<QListWidget>("List1(1)").selectedItems().at(0)->text(), QString("MC"));
+        QCOMPARE(C<QComboBox>("Combo1(1)").currentIndex(), 2); // stored 1: the combo is left as it was
+        Premi("next"); // record 3 has a title only: the other controls keep record 2's values
+        QCOMPARE(Titolo().text(), QString("Solo il titolo"));
+        QCOMPARE(C<QPlainTextEdit>("Memo1(1)").toPlainText(), QString("note Disco 2"));
+    }
+
+    void bordi() {
+        ApriRecord(m_id, 1); // empty collection
+        QCOMPARE(F().windowTitle(), QString("Record N. 1"));
+        Titolo().setText("a mano");
+        Premi("next");
+        QCOMPARE(F().RecordCorrente, 1);
+        Premi("last");
+        QCOMPARE(F().RecordCorrente, 0);
+        QCOMPARE(F().windowTitle(), QString("Record N. 1"));
+        QCOMPARE(Titolo().text(), QString("a mano"));
+        Premi("prev");
+        QCOMPARE(F().RecordCorrente, 1);
+
+        Dischi(3);
+        Premi("prev"); // at record 1: reloads it
+        QCOMPARE(Titolo().text(), QString("Disco 1"));
+        Premi("last");
+        QCOMPARE(Titolo().text(), QString("Disco 3"));
+        Premi("next");
+        QCOMPARE(F().RecordCorrente, 3);
+        Premi("first");
+        QCOMPARE(F().windowTitle(), QString("Record N. 1"));
+    }
+
+    void inserimentoInMezzo() {
+        Dischi(5);
+        ApriRecord(m_id, 2);
+        C<Immagine>("Image1(1)").setProperty("Tag", "/figure/copertina.png");
+        Premi("new");
+        VerificaStato(true);
+        QCOMPARE(Titolo().text(), QString());
+        QCOMPARE(C<QComboBox>("Combo1(1)").currentIndex(), -1);
+        QCOMPARE(C<Cursore>("Slider1(1)").value(), 1); // 0 is below the slider's minimum
+        QVERIFY(C<QListWidget>("List1(1)").selectedItems().isEmpty());
+        Titolo().setText("Nuovo 'disco'");
+        C<QPlainTextEdit>("Memo1(1)").setPlainText("riga 1\nriga 2");
+        C<QComboBox>("Combo1(1)").setCurrentIndex(2);
+        C<Cursore>("Slider1(1)").setValue(9);
+        C<QListWidget>("List1(1)").setCurrentRow(0);
+        Premi("ok");
+        VerificaStato(false);
+        const QStringList attesi{"Nuovo 'disco'",        "riga 1\nriga 2", "2", "9", "0", "0",
+                                 "/figure/copertina.png"};
+        for (qsizetype i = 0; i < m_campi.size(); ++i)
+            QCOMPARE(ValoriDelCampo(m_campi.at(i)).value(5), "6=" + attesi.at(i));
+        Recordset date =
+            Database().ApriRecordset("select min(data_ins), max(data_mod) from valori where numerorecord=6");
+        QCOMPARE(date.Campo(0).toString(), DataOggi());
+        QCOMPARE(date.Campo(1).toString(), DataOggi());
+        // The window stays where it was; only its number becomes the old one + 1.
+        QCOMPARE(F().RecordCorrente, 3);
+        QCOMPARE(F().windowTitle(), QString("Record N. 2"));
+        QCOMPARE(Titolo().text(), QString("Nuovo 'disco'"));
+    }
+
+    void modificaEAnnulla() {
+        Dischi(3);
+        Database().Esegui("update valori set data_ins='2001-02-03', data_mod='2001-02-03'");
+        ApriRecord(m_id, 2);
+        Premi("edit");
+        VerificaStato(true);
+        Titolo().setText("Rimasterizzato");
+        Premi("ok");
+        VerificaStato(false);
+        QCOMPARE(Titoli(), (QStringList{"1=Disco 1", "2=Rimasterizzato", "3=Disco 3"}));
+        Recordset date = Database().ApriRecordset(
+            QString("select data_ins, data_mod from valori where numerorecord=2 and id_campo=%1")
+                .arg(m_campi.at(0)));
+        QCOMPARE(date.Campo(0).toString(), QString("2001-02-03"));
+        QCOMPARE(date.Campo(1).toString(), DataOggi());
+
+        Premi("edit");
+        Titolo().setText("Mai salvato");
+        Premi("no");
+        VerificaStato(false);
+        QCOMPARE(Titolo().text(), QString("Mai salvato")); // the screen is not reloaded
+        QCOMPARE(Titoli().at(1), QString("2=Rimasterizzato"));
+    }
+
+    void modificaFallita() {
+        Dischi(1);
+        ApriRecord(m_id, 1);
+        Database().Esegui(
+            "create trigger blocca before update on valori begin select raise(abort, 'bloccati'); end");
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok);
+        Premi("edit");
+        Premi("ok");
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(script.TestiMessaggi(), QStringList{"Errore in fase di modifica Record\nbloccati"});
+        QCOMPARE(script.Richieste().at(0).messaggio.titolo, QString("Orvix"));
+        QVERIFY(F().ModificaRecord);
+        VerificaStato(true);
+    }
+
+    void eliminazioneRinumeraSoloLaCollezione() {
+        Dischi(5);
+        const qint32 autore = AggiungiCampo(CreaCollezione("Libri", QString()), {{"nome", "Autore"}});
+        for (int n = 1; n <= 5; ++n)
+            ScriviValore(autore, n, "Autore " + QString::number(n));
+        ApriRecord(m_id, 3);
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::No).Rispondi(Risposta::Annulla).Rispondi(Risposta::Si);
+        Premi("del");
+        Premi("del");
+        QCOMPARE(ContaRecord(m_id), 5);
+        Premi("del");
+        VERIFICA_SCRIPT(script);
+        const Messaggio domanda = script.Richieste().at(0).messaggio;
+        QCOMPARE(domanda.testo, QString("Sicuro di voler eliminare il record corrente?"));
+        QCOMPARE(domanda.titolo, QString("Attenzione"));
+        QCOMPARE(domanda.pulsanti, Pulsanti::SiNoAnnulla);
+        QCOMPARE(domanda.icona, Icona::Domanda);
+        QCOMPARE(domanda.predefinito, 2);
+        QCOMPARE(Titoli(), (QStringList{"1=Disco 1", "2=Disco 2", "3=Disco 4", "4=Disco 5"}));
+        QCOMPARE(ValoriDelCampo(m_campi.at(6)).size(), 4);
+        QCOMPARE(ValoriDelCampo(autore).last(), QString("5=Autore 5"));
+        QCOMPARE(Titolo().text(), QString("Disco 4"));
+    }
+
+    void eliminazioneDellUnicoRecord() {
+        Dischi(1);
+        ApriRecord(m_id, 1);
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Si);
+        Premi("del");
+        QCOMPARE(ContaRecord(m_id), 0);
+        QCOMPARE(F().RecordCorrente, 1);
+        QCOMPARE(Titolo().text(), QString("Disco 1")); // nothing found, nothing replaced
+    }
+
+    void predefinitiEObbligatori() {
+        const qint32 prezzo =
+            AggiungiCampo(m_id, {{"nome", "Prezzo"}, {"default", "10"}, {"required", "True"}});
+        const qint32 autore = AggiungiCampo(m_id, {{"nome", "Autore"}, {"tipo", "memo"}, {"required", "-1"}});
+        AggiungiCampo(m_id, {{"nome", "Obbligata"}, {"tipo", "checkbox"}, {"required", "True"}});
+        ApriRecord(m_id, 1);
+        QVERIFY(QTest::qWaitForWindowActive(&F()));
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok);
+        Premi("new");
+        Premi("ok");
+        VERIFICA_SCRIPT(script);
+        const Messaggio errore = script.Richieste().at(0).messaggio;
+        QCOMPARE(errore.testo, QString("Valore del campo Autore non specificato!"));
+        QCOMPARE(errore.titolo, QString("Errore..."));
+        QCOMPARE(errore.icona, Icona::Critica);
+        QCOMPARE(errore.pulsanti, Pulsanti::Ok);
+        QCOMPARE(QApplication::focusWidget(), F().Controllo("Memo1(2)"));
+        QCOMPARE(C<QLineEdit>("Text1(2)").text(), QString("10"));
+        QVERIFY(F().NuovoRecord);
+        QCOMPARE(ContaRecord(m_id), 0);
+        C<QPlainTextEdit>("Memo1(2)").setPlainText("Qualcuno");
+        Premi("ok");
+        QCOMPARE(ValoriDelCampo(prezzo), QStringList{"1=10"});
+        QCOMPARE(ValoriDelCampo(autore), QStringList{"1=Qualcuno"});
+    }
+
+    void immaginiSenzaFile() {
+        const QString figura = m_archivio->Cartella() + "/copertina.png";
+        QImage rossa(8, 8, QImage::Format_RGB32);
+        rossa.fill(Qt::red);
+        QVERIFY(rossa.save(figura));
+        const QString sparita = m_archivio->Cartella() + "/sparita.png";
+        Record(1, "Con figura", figura);
+        Record(2, "Senza file", sparita);
+        ApriRecord(m_id, 1);
+        const Immagine& copertina = C<Immagine>("Image1(1)");
+        QCOMPARE(copertina.pixmap().toImage().pixelColor(0, 0), QColor(Qt::red));
+        Premi("next");
+        QVERIFY(copertina.pixmap().isNull());
+        QCOMPARE(copertina.property("Tag").toString(), sparita);
+        Premi("edit");
+        Premi("ok");
+        QCOMPARE(ValoriDelCampo(m_campi.at(6)).at(1), "2=" + sparita); // the path is kept without its file
+    }
+};
+
+QTEST_MAIN(TestNavigazione)
+#include "tst_navigazione.moc"
