@@ -1,0 +1,136 @@
+// Grabs the program's windows, on a demonstration collection, into PNG files for a person to look at.
+// Usage: vetrina OUTPUT_FOLDER   (QT_QPA_PLATFORM=offscreen works)
+#include "aprirecord.h"
+#include "archivio.h"
+#include "form1.h"
+#include "frmmain.h"
+#include "frmproprietacontrollo.h"
+#include "frmrecord.h"
+#include "frmsceglicampi.h"
+#include "grigliaproprieta.h"
+#include "iconaprogramma.h"
+#include "impostazioni.h"
+#include "listecontrolli.h"
+#include "routinesql.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QListWidget>
+#include <QLocale>
+#include <QMdiArea>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <cstdio>
+
+namespace {
+
+struct Campo {
+    const char* nome;
+    const char* tipo;
+    int left, top, width, height;
+    const char* etichetta;
+    const char* special;
+    const char* formula;
+};
+
+const Campo CampiDimostrazione[] = {
+    {"Titolo", "textbox", 20, 40, 260, 22, "Titolo:", "", ""},
+    {"Autore", "textbox", 300, 40, 220, 22, "Autore:", "", ""},
+    {"Genere", "combo", 20, 100, 180, 24, "Genere:", "Rock|Jazz|Classica|Pop", ""},
+    {"Formato", "list", 220, 100, 120, 70, "Formato:", "LP|CD|Cassetta", ""},
+    {"Voto", "slider", 360, 100, 160, 30, "Voto:", "1|10", ""},
+    {"Usato", "checkbox", 360, 145, 160, 22, "", "", ""},
+    {"Prezzo", "textbox", 20, 160, 90, 22, "Prezzo:", "", ""},
+    {"Totale", "textbox", 120, 160, 80, 22, "Con IVA:", "", "Prezzo * 122 / 100"},
+    {"Note", "memo", 20, 220, 320, 90, "Note:", "", ""},
+    {"Copertina", "image", 360, 220, 160, 90, "Copertina:", "TRUE", ""},
+};
+
+void Riempi(qint32 collezione) {
+    for (const Campo& c : CampiDimostrazione) {
+        Recordset rs = Database().ApriRecordset(QStringLiteral("select * from campi"));
+        rs.NuovoRecord();
+        const QList<QPair<const char*, QVariant>> valori = {{"id_collezione", collezione},
+                                                            {"nome", QLatin1String(c.nome)},
+                                                            {"tipo", QLatin1String(c.tipo)},
+                                                            {"left", c.left},
+                                                            {"top", c.top},
+                                                            {"width", c.width},
+                                                            {"height", c.height},
+                                                            {"etichetta", QLatin1String(c.etichetta)},
+                                                            {"special", QLatin1String(c.special)},
+                                                            {"formula", QLatin1String(c.formula)},
+                                                            {"tabindex", 0}};
+        for (const auto& [colonna, valore] : valori)
+            rs.Imposta(QLatin1String(colonna), valore);
+        rs.Salva();
+    }
+    const char* const dischi[2][10] = {
+        {"Kind of Blue", "Miles Davis", "1", "0", "9", "1", "18,50", "", "Prima stampa italiana.", ""},
+        {"Abbey Road", "The Beatles", "0", "1", "8", "0", "22", "", "", ""},
+    };
+    const QList<VoceElenco> campi = ElencoCampi(collezione);
+    for (int r = 0; r < 2; ++r)
+        for (int i = 0; i < campi.size(); ++i)
+            Database().Esegui(
+                QStringLiteral("insert into valori (id_campo,valore,numerorecord) values (%1,'%2',%3)")
+                    .arg(campi.at(i).id)
+                    .arg(Quote(QString::fromUtf8(dischi[r][i])))
+                    .arg(r + 1));
+}
+
+void Salva(QWidget& finestra, const QDir& cartella, const char* nome) {
+    QApplication::processEvents();
+    const QString percorso = cartella.filePath(QLatin1String(nome));
+    std::printf("%s %s\n", finestra.grab().save(percorso) ? "wrote" : "FAILED", qPrintable(percorso));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication applicazione(argc, argv);
+    QApplication::setWindowIcon(IconaProgramma());
+    // The demonstration values are written the Italian way.
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: vetrina OUTPUT_FOLDER\n");
+        return 2;
+    }
+    const QDir uscita(QString::fromLocal8Bit(argv[1]));
+    QTemporaryDir cartella;
+    QFile::copy(QStringLiteral(ORVIX_ARCHIVIO_VUOTO), cartella.filePath(QStringLiteral("personalizza.orx")));
+    QFile::setPermissions(cartella.filePath(QStringLiteral("personalizza.orx")),
+                          QFile::ReadOwner | QFile::WriteOwner);
+    UsaFileImpostazioni(cartella.filePath(QStringLiteral("impostazioni.ini")));
+    ApriDatabase(cartella.path());
+    Riempi(CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("I miei vinili")));
+    CreaCollezione(QStringLiteral("Francobolli"), QString());
+
+    frmMAIN frame;
+    Form1& form = *IstanzaForm1();
+    CaricaCollezioniInLista(*form.List1);
+    frame.show();
+    form.List1->setCurrentRow(0);
+    form.List2->setCurrentRow(2);
+    Salva(frame, uscita, "collezioni.png");
+
+    FrmScegliCampi scelta;
+    scelta.show();
+    scelta.Option4->click();
+    Salva(scelta, uscita, "scegli-tipo.png");
+
+    QStringList nomi;
+    for (int i = 0; i < form.List2->count(); ++i)
+        nomi << form.List2->item(i)->text();
+    frmProprietaControllo proprieta(QStringLiteral("textbox"), nomi);
+    proprieta.show();
+    Salva(proprieta, uscita, "proprieta.png");
+
+    InserisciRecord(*form.List1);
+    frame.AreaFigli()->tileSubWindows();
+    Salva(frame, uscita, "record.png");
+    FinestraRecord().Toolbar1_ButtonClick(QStringLiteral("edit"));
+    Salva(frame, uscita, "record-modifica.png");
+    return 0;
+}
