@@ -1,6 +1,7 @@
 #include "connessione.h"
 
 #include "erroredatabase.h"
+#include "formasql.h"
 
 #include <QRegularExpression>
 #include <sqlcipher/sqlite3.h>
@@ -28,11 +29,11 @@ QString ConRowid(const QString& sql) {
 }
 
 bool SoloSpaziOCommenti(const char* coda) {
-    return QString::fromUtf8(coda)
-        .remove(QRegularExpression(QStringLiteral(R"(--[^\n]*|/\*.*?\*/|;)"),
-                                   QRegularExpression::DotMatchesEverythingOption))
-        .trimmed()
-        .isEmpty();
+    if (*coda == '\0')
+        return true;
+    static const QRegularExpression commenti(QStringLiteral(R"(--[^\n]*|/\*.*?\*/|;)"),
+                                             QRegularExpression::DotMatchesEverythingOption);
+    return QString::fromUtf8(coda).remove(commenti).trimmed().isEmpty();
 }
 
 } // namespace
@@ -72,10 +73,16 @@ void Connessione::Chiudi() {
     m_db = nullptr;
 }
 
+void Connessione::Finalizza(sqlite3_stmt* stmt) {
+    m_colonne.remove(stmt);
+    sqlite3_finalize(stmt);
+}
+
 void Connessione::SvuotaCache() {
     for (sqlite3_stmt* stmt : std::as_const(m_cache))
-        sqlite3_finalize(stmt);
+        Finalizza(stmt);
     m_cache.clear();
+    m_tabelle.clear();
 }
 
 void Connessione::Fallisci() const {
@@ -116,13 +123,16 @@ void Connessione::Restituisci(sqlite3_stmt* stmt) {
     if (!stmt)
         return;
     if (!m_db) {
-        sqlite3_finalize(stmt);
+        Finalizza(stmt);
         return;
     }
     sqlite3_reset(stmt);
     sqlite3_clear_bindings(stmt);
-    if (m_cache.size() >= MassimoCache)
-        SvuotaCache();
+    if (m_cache.size() >= MassimoCache) {
+        for (sqlite3_stmt* vecchio : std::as_const(m_cache))
+            Finalizza(vecchio);
+        m_cache.clear();
+    }
     m_cache.insert(QString::fromUtf8(sqlite3_sql(stmt)), stmt);
 }
 
@@ -137,14 +147,45 @@ void Connessione::Passo(sqlite3_stmt* stmt) {
     }
 }
 
+const QString& Connessione::TabellaDi(const QString& testo) {
+    auto trovata = m_tabelle.find(testo);
+    if (trovata == m_tabelle.end()) {
+        if (m_tabelle.size() >= 4 * MassimoCache)
+            m_tabelle.clear();
+        trovata = m_tabelle.insert(testo, TabellaAggiornabile(testo));
+    }
+    return trovata.value();
+}
+
+sqlite3_stmt* Connessione::PreparaTesto(const FormaSql& forma, const QString& tabella) {
+    sqlite3_stmt* stmt = Prepara(tabella.isEmpty() ? forma.testo : ConRowid(forma.testo));
+    for (int i = 0; i < forma.valori.size(); ++i)
+        sqlite3_bind_int64(stmt, i + 1, forma.valori.at(i));
+    return stmt;
+}
+
 void Connessione::Esegui(const QString& sql) {
-    sqlite3_stmt* stmt = Prepara(sql);
+    sqlite3_stmt* stmt = PreparaTesto(Parametrizza(sql));
     Passo(stmt);
     Restituisci(stmt);
 }
 
 Recordset Connessione::ApriRecordset(const QString& sql) {
-    const QString tabella = TabellaAggiornabile(sql);
-    sqlite3_stmt* stmt = Prepara(tabella.isEmpty() ? sql : ConRowid(sql));
-    return Recordset(*this, stmt, tabella);
+    const FormaSql forma = Parametrizza(sql);
+    const QString tabella = TabellaDi(forma.testo);
+    return Recordset(*this, PreparaTesto(forma, tabella), tabella);
+}
+
+std::shared_ptr<const Colonne> Connessione::ColonneDi(sqlite3_stmt* stmt, int nascoste) {
+    auto& colonne = m_colonne[stmt];
+    if (!colonne) {
+        auto nuove = std::make_shared<Colonne>();
+        for (int i = nascoste; i < sqlite3_column_count(stmt); ++i) {
+            const QString nome = QString::fromUtf8(sqlite3_column_name(stmt, i));
+            nuove->indici.insert(nome.toLower(), i - nascoste);
+            nuove->nomi << nome;
+        }
+        colonne = std::move(nuove);
+    }
+    return colonne;
 }

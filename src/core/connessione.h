@@ -4,9 +4,18 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
+#include <memory>
 
+struct FormaSql;
 struct sqlite3;
 struct sqlite3_stmt;
+
+// The names of a statement's result columns, looked up without regard to case.
+struct Colonne {
+    QStringList nomi;
+    QHash<QString, int> indici;
+};
 
 // The one connection to the encrypted collection store.
 class Connessione final {
@@ -30,11 +39,19 @@ public:
     void Restituisci(sqlite3_stmt* stmt);
     void Passo(sqlite3_stmt* stmt);
     [[noreturn]] void Fallisci() const;
+    // The result columns of a prepared statement, past the first `nascoste`.
+    std::shared_ptr<const Colonne> ColonneDi(sqlite3_stmt* stmt, int nascoste);
 
 private:
     sqlite3_stmt* PreparaUnica(const QString& sql);
+    // SQL text prepared (or taken from the cache) with its lifted numbers bound.
+    sqlite3_stmt* PreparaTesto(const FormaSql& forma, const QString& tabella = {});
+    const QString& TabellaDi(const QString& testo);
+    void Finalizza(sqlite3_stmt* stmt);
     void SvuotaCache();
 
     sqlite3* m_db = nullptr;
     QMultiHash<QString, sqlite3_stmt*> m_cache;
+    QHash<sqlite3_stmt*, std::shared_ptr<const Colonne>> m_colonne;
+    QHash<QString, QString> m_tabelle;
 };

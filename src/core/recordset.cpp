@@ -64,14 +64,17 @@ Recordset::Recordset(Connessione& connessione, sqlite3_stmt* stmt, const QString
     : m_connessione(&connessione)
     , m_stmt(stmt)
     , m_tabella(tabella)
-    , m_conRowid(!tabella.isEmpty()) {
-    const int primo = m_conRowid ? 1 : 0;
-    for (int i = primo; i < sqlite3_column_count(stmt); ++i) {
-        const QString nome = QString::fromUtf8(sqlite3_column_name(stmt, i));
-        m_indici.insert(nome.toLower(), i - primo);
-        m_colonne << nome;
-    }
+    , m_conRowid(!tabella.isEmpty())
+    , m_colonne(connessione.ColonneDi(stmt, m_conRowid ? 1 : 0)) {
     Successivo();
+}
+
+int Recordset::NumeroColonne() const {
+    return static_cast<int>(m_colonne->nomi.size());
+}
+
+QString Recordset::NomeColonna(int indice) const {
+    return m_colonne->nomi.at(indice);
 }
 
 Recordset::~Recordset() {
@@ -86,7 +89,6 @@ Recordset::Recordset(Recordset&& altro) noexcept
     , m_fine(altro.m_fine)
     , m_rowid(altro.m_rowid)
     , m_colonne(std::move(altro.m_colonne))
-    , m_indici(std::move(altro.m_indici))
     , m_riga(std::move(altro.m_riga))
     , m_stato(altro.m_stato)
     , m_modifiche(std::move(altro.m_modifiche)) {}
@@ -124,7 +126,7 @@ void Recordset::LeggiRiga() {
 }
 
 int Recordset::Indice(const QString& nome) const {
-    return m_indici.value(nome.toLower(), -1);
+    return m_colonne->indici.value(nome.toLower(), -1);
 }
 
 QVariant Recordset::Campo(const QString& nome) const {

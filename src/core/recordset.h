@@ -6,7 +6,10 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <memory>
+
 class Connessione;
+struct Colonne;
 struct sqlite3_stmt;
 
 // A forward cursor over the rows of a SELECT. Over a single table it is also updatable:
@@ -23,8 +26,8 @@ public:
     bool Fine() const { return m_fine; }
     void Successivo();
 
-    int NumeroColonne() const { return static_cast<int>(m_colonne.size()); }
-    QString NomeColonna(int indice) const { return m_colonne.at(indice); }
+    int NumeroColonne() const;
+    QString NomeColonna(int indice) const;
     QVariant Campo(int indice) const { return m_riga.at(indice); }
     QVariant Campo(const QString& nome) const;
     // The value as text; NULL reads as an empty text.
@@ -52,8 +55,7 @@ private:
     bool m_conRowid;
     bool m_fine = true;
     qint64 m_rowid = 0;
-    QStringList m_colonne;
-    QHash<QString, int> m_indici;
+    std::shared_ptr<const Colonne> m_colonne;
     QList<QVariant> m_riga;
     Stato m_stato = Stato::Lettura;
     QList<QPair<QString, QVariant>> m_modifiche;

@@ -47,10 +47,12 @@ qint32 CreaCollezione(const QString& nome, const QString& descrizione) {
 }
 
 QString SqlMassimoRecord(qint32 idCollezione) {
+    // The largest of the per-field maxima: the same number as the maximum over all the collection's
+    // values, but found with one index seek per field instead of a walk over every value.
     return QStringLiteral(
-               "select max(numerorecord) from valori where id_campo in ( select id from campi where "
-               "id_collezione=") +
-           QString::number(idCollezione) + QStringLiteral(")");
+               "select max((select max(numerorecord) from valori where id_campo=campi.id)) from campi "
+               "where id_collezione=") +
+           QString::number(idCollezione);
 }
 
 qint32 ContaRecord(qint32 idCollezione) {
