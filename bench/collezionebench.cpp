@@ -1,0 +1,121 @@
+#include "collezionebench.h"
+
+#include "archivio.h"
+#include "routinesql.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace {
+
+QString Numero(qint64 n) {
+    return QString::number(n);
+}
+
+QString Titolo(qint32 n) {
+    return QStringLiteral("Titolo del libro ") + Numero(n);
+}
+QString Autore(qint32 n) {
+    return QStringLiteral("Autore ") + Numero(n % 997);
+}
+QString Editore(qint32 n) {
+    return QStringLiteral("Editore ") + Numero(n % 53);
+}
+QString Anno(qint32 n) {
+    return Numero(1950 + n % 75);
+}
+QString Prezzo(qint32 n) {
+    return Numero(5 + n % 120);
+}
+QString Calcolato(qint32) {
+    return {};
+}
+QString Posseduto(qint32 n) {
+    return Numero(n % 2);
+}
+QString Genere(qint32 n) {
+    return Numero(n % 3);
+}
+QString Formato(qint32 n) {
+    return Numero(n % 4);
+}
+QString Voto(qint32 n) {
+    return Numero(n % 11);
+}
+
+void AggiungiCampo(Recordset& rs, qint32 idCollezione, const DefinizioneCampo& campo, int posizione) {
+    // Two columns of five controls, the way a user lays out a form.
+    const int colonna = posizione / 5;
+    const int riga = posizione % 5;
+    rs.NuovoRecord();
+    rs.Imposta(QStringLiteral("id_collezione"), idCollezione);
+    rs.Imposta(QStringLiteral("nome"), campo.nome);
+    rs.Imposta(QStringLiteral("etichetta"), campo.nome);
+    rs.Imposta(QStringLiteral("tipo"), campo.tipo);
+    rs.Imposta(QStringLiteral("left"), 20 + colonna * 280);
+    rs.Imposta(QStringLiteral("top"), 30 + riga * 80);
+    rs.Imposta(QStringLiteral("width"), 240);
+    rs.Imposta(QStringLiteral("height"), campo.tipo == QLatin1String("list") ? 60 : 24);
+    rs.Imposta(QStringLiteral("tabindex"), posizione);
+    rs.Imposta(QStringLiteral("tooltip"), campo.nome);
+    rs.Imposta(QStringLiteral("formula"), campo.formula);
+    rs.Imposta(QStringLiteral("default"), QString());
+    rs.Imposta(QStringLiteral("required"), QStringLiteral("False"));
+    rs.Imposta(QStringLiteral("special"), campo.special);
+    rs.Salva();
+}
+
+QList<qint32> IdCampi(qint32 idCollezione) {
+    const QList<VoceElenco> campi = ElencoCampi(idCollezione);
+    QList<qint32> ids;
+    for (const DefinizioneCampo& definizione : DefinizioniCampi()) {
+        const auto trovato = std::find_if(campi.begin(), campi.end(), [&](const VoceElenco& voce) {
+            return voce.nome == definizione.nome;
+        });
+        if (trovato == campi.end())
+            throw std::runtime_error("field row not found after creating it");
+        ids << trovato->id;
+    }
+    return ids;
+}
+
+} // namespace
+
+const QList<DefinizioneCampo>& DefinizioniCampi() {
+    static const QList<DefinizioneCampo> definizioni{
+        {QStringLiteral("Titolo"), QStringLiteral("textbox"), {}, {}, Titolo},
+        {QStringLiteral("Autore"), QStringLiteral("textbox"), {}, {}, Autore},
+        {QStringLiteral("Editore"), QStringLiteral("textbox"), {}, {}, Editore},
+        {QStringLiteral("Anno"), QStringLiteral("textbox"), {}, {}, Anno},
+        {QStringLiteral("Prezzo"), QStringLiteral("textbox"), {}, {}, Prezzo},
+        {QStringLiteral("Rimborso"), QStringLiteral("textbox"), QStringLiteral("Prezzo * 2"), {}, Calcolato},
+        {QStringLiteral("Posseduto"), QStringLiteral("checkbox"), {}, {}, Posseduto},
+        {QStringLiteral("Genere"),
+         QStringLiteral("combo"),
+         {},
+         QStringLiteral("Romanzo|Saggio|Poesia"),
+         Genere},
+        {QStringLiteral("Formato"),
+         QStringLiteral("list"),
+         {},
+         QStringLiteral("Rilegato|Brossura|Tascabile|Digitale"),
+         Formato},
+        {QStringLiteral("Voto"), QStringLiteral("slider"), {}, QStringLiteral("0|10"), Voto},
+    };
+    return definizioni;
+}
+
+CollezioneBench CreaCollezioneBench() {
+    CollezioneBench collezione;
+    collezione.id =
+        CreaCollezione(QStringLiteral("Biblioteca"), QStringLiteral("Collezione del banco di misura"));
+    if (collezione.id < 0)
+        throw std::runtime_error("the collection already exists in a store meant to be empty");
+    Recordset rs = Database().ApriRecordset(QStringLiteral("select * from campi where id_collezione=") +
+                                            QString::number(collezione.id));
+    for (int i = 0; i < DefinizioniCampi().size(); ++i)
+        AggiungiCampo(rs, collezione.id, DefinizioniCampi().at(i), i);
+    rs.Chiudi();
+    collezione.idCampi = IdCampi(collezione.id);
+    return collezione;
+}

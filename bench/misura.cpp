@@ -1,0 +1,34 @@
+#include "misura.h"
+
+#include "cronometro.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+namespace {
+
+qint64 UnaVolta(const Operazione& operazione, const std::function<void()>& lato) {
+    operazione.prima();
+    const qint64 ns = Cronometra(lato);
+    operazione.dopo();
+    // Repaints and other posted work of the window run here, outside the timed call.
+    QCoreApplication::processEvents();
+    return ns;
+}
+
+} // namespace
+
+Risultato Misura(const Operazione& operazione, const Opzioni& opzioni) {
+    UnaVolta(operazione, operazione.figura);
+    UnaVolta(operazione, operazione.pavimento);
+    QList<qint64> figura, pavimento;
+    QElapsedTimer trascorso;
+    trascorso.start();
+    while (figura.size() < opzioni.massimoRipetizioni &&
+           (figura.size() < opzioni.minimoRipetizioni || trascorso.nsecsElapsed() < opzioni.budgetNs)) {
+        figura << UnaVolta(operazione, operazione.figura);
+        pavimento << UnaVolta(operazione, operazione.pavimento);
+    }
+    return {operazione.nome, Mediana(figura), Mediana(pavimento), static_cast<int>(figura.size()),
+            operazione.caricamento};
+}

@@ -1,0 +1,124 @@
+#include "operazioni.h"
+
+#include "frmrecord.h"
+#include "navigazione.h"
+#include "pavimento.h"
+#include "routinesql.h"
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+void Richiedi(bool condizione, const char* cosa) {
+    if (!condizione)
+        throw std::runtime_error(std::string("the bench saw a wrong result: ") + cosa);
+}
+
+qint32 Mezzo(const Banco& b) {
+    return (b.record + 1) / 2;
+}
+
+void CaricaPavimento(Banco& b, qint32 n) {
+    Richiedi(b.pavimento.Carica(n) == b.collezione.idCampi.size(), "the floor did not read a whole record");
+}
+
+Operazione Inserimento(Banco& b) {
+    return {QStringLiteral("insert a record (SalvaNuovoRecord)"),
+            [&b] { Richiedi(SalvaNuovoRecord(b.finestra, b.collezione.id), "SalvaNuovoRecord failed"); },
+            [&b] { b.pavimento.Inserisci(b.pavimento.Massimo() + 1); },
+            [&b] {
+                CompilaForm(b.controlli, b.record + 1);
+                b.pavimento.PreparaValori(b.record + 1);
+            },
+            [&b] {
+                Richiedi(b.pavimento.Massimo() == b.record + 1, "an insert did not add one record");
+                b.pavimento.TogliOltre(b.record);
+            }};
+}
+
+Operazione Caricamento(Banco& b, const QString& quale, qint32 n) {
+    Operazione o{QStringLiteral("load the %1 record (CaricaRecord)").arg(quale),
+                 [&b, n] { CaricaRecord(b.finestra, n, b.collezione.id); },
+                 [&b, n] { CaricaPavimento(b, n); }};
+    o.caricamento = true;
+    return o;
+}
+
+Operazione Sfoglia(Banco& b) {
+    auto n = std::make_shared<qint32>();
+    Operazione o{QStringLiteral("load a record not loaded before (CaricaRecord)"),
+                 [&b, n] { CaricaRecord(b.finestra, *n, b.collezione.id); },
+                 [&b, n] { CaricaPavimento(b, *n); }, [&b, n] { *n = RecordNonCaricato(b); }};
+    o.caricamento = true;
+    return o;
+}
+
+Operazione Successivo(Banco& b) {
+    auto da = std::make_shared<qint32>();
+    return {QStringLiteral("\"next\" to a record not loaded before"),
+            [&b, da] {
+                b.finestra.Toolbar1_ButtonClick(QStringLiteral("next"));
+                Richiedi(b.finestra.RecordCorrente == *da + 1, "\"next\" did not move on by one");
+            },
+            [&b, da] {
+                Richiedi(b.pavimento.Massimo() > *da, "the floor found no next record");
+                CaricaPavimento(b, *da + 1);
+            },
+            [&b, da] {
+                *da = RecordNonCaricato(b);
+                b.finestra.RecordCorrente = *da;
+            }};
+}
+
+Operazione Ultimo(Banco& b) {
+    return {QStringLiteral("\"last\""),
+            [&b] {
+                b.finestra.Toolbar1_ButtonClick(QStringLiteral("last"));
+                Richiedi(b.finestra.RecordCorrente == b.record, "\"last\" did not reach the last record");
+            },
+            [&b] { CaricaPavimento(b, b.pavimento.Massimo()); }};
+}
+
+Operazione Eliminazione(Banco& b) {
+    return {QStringLiteral("\"del\" the middle record, renumbering"),
+            [&b] { b.finestra.Toolbar1_ButtonClick(QStringLiteral("del")); },
+            [&b] {
+                b.pavimento.Elimina(Mezzo(b));
+                CaricaPavimento(b, Mezzo(b));
+            },
+            [&b] { b.finestra.RecordCorrente = Mezzo(b); },
+            [&b] {
+                Richiedi(b.pavimento.Massimo() == b.record - 1, "a delete did not remove one record");
+                b.pavimento.PreparaValori(b.record);
+                b.pavimento.Inserisci(b.record);
+            }};
+}
+
+Operazione Conteggio(Banco& b) {
+    return {QStringLiteral("record count (ContaRecord)"),
+            [&b] { Richiedi(ContaRecord(b.collezione.id) == b.record, "ContaRecord miscounted"); },
+            [&b] { Richiedi(b.pavimento.Massimo() == b.record, "the floor miscounted"); }};
+}
+
+} // namespace
+
+qint32 RecordNonCaricato(Banco& banco) {
+    constexpr qint32 passo = 3;
+    banco.ultimoNonCaricato -= passo;
+    if (banco.ultimoNonCaricato < 1)
+        banco.ultimoNonCaricato = banco.record - passo;
+    return banco.ultimoNonCaricato;
+}
+
+QList<Operazione> Operazioni(Banco& b) {
+    return {Inserimento(b),
+            Caricamento(b, QStringLiteral("first"), 1),
+            Caricamento(b, QStringLiteral("middle"), Mezzo(b)),
+            Caricamento(b, QStringLiteral("last"), b.record),
+            Sfoglia(b),
+            Successivo(b),
+            Ultimo(b),
+            Eliminazione(b),
+            Conteggio(b)};
+}

@@ -1,0 +1,76 @@
+#include "pavimento.h"
+
+#include <QDate>
+
+namespace {
+
+QString CampiDellaCollezione() {
+    return QStringLiteral("id_campo in (select id from campi where id_collezione=?1)");
+}
+
+} // namespace
+
+QString SqlMassimoPavimento() {
+    return QStringLiteral("select max((select max(numerorecord) from valori where id_campo=campi.id)) "
+                          "from campi where id_collezione=?1");
+}
+
+Pavimento::Pavimento(const CollezioneBench& collezione)
+    : m_collezione(collezione)
+    , m_oggi(QDate::currentDate().toString(Qt::ISODate).toUtf8())
+    , m_massimo(SqlMassimoPavimento())
+    , m_campi(QStringLiteral("select id, nome, formula from campi where id_collezione=?1"))
+    , m_record(QStringLiteral("select id_campo, valore from valori where numerorecord=?2 and ") +
+               CampiDellaCollezione())
+    , m_inserisci(QStringLiteral("insert into valori (id_campo, valore, data_ins, data_mod, numerorecord) "
+                                 "values (?1, ?2, ?3, ?3, ?4)"))
+    , m_elimina(QStringLiteral("delete from valori where numerorecord=?2 and ") + CampiDellaCollezione())
+    , m_rinumera(QStringLiteral("update valori set numerorecord=numerorecord-1 where numerorecord>?2 and ") +
+                 CampiDellaCollezione())
+    , m_togli(QStringLiteral("delete from valori where numerorecord>?2 and ") + CampiDellaCollezione()) {}
+
+qint32 Pavimento::Massimo() {
+    m_massimo.Lega(1, m_collezione.id);
+    const qint32 massimo = m_massimo.Riga() ? static_cast<qint32>(m_massimo.Intero(0)) : 0;
+    m_massimo.Azzera();
+    return massimo;
+}
+
+int Pavimento::Carica(qint32 n) {
+    m_campi.Lega(1, m_collezione.id);
+    while (m_campi.Riga()) {
+        m_campi.LunghezzaTesto(1);
+        m_campi.LunghezzaTesto(2);
+    }
+    m_campi.Azzera();
+    int letti = 0;
+    m_record.Lega(1, m_collezione.id).Lega(2, n);
+    for (; m_record.Riga(); ++letti)
+        m_record.LunghezzaTesto(1);
+    m_record.Azzera();
+    return letti;
+}
+
+void Pavimento::PreparaValori(qint32 n) {
+    m_valori.clear();
+    for (const DefinizioneCampo& campo : DefinizioniCampi())
+        m_valori << campo.valore(n).toUtf8();
+}
+
+void Pavimento::Inserisci(qint32 n) {
+    for (qsizetype i = 0; i < m_valori.size(); ++i)
+        m_inserisci.Lega(1, m_collezione.idCampi.at(i))
+            .Lega(2, m_valori.at(i))
+            .Lega(3, m_oggi)
+            .Lega(4, n)
+            .Esegui();
+}
+
+void Pavimento::Elimina(qint32 k) {
+    m_elimina.Lega(1, m_collezione.id).Lega(2, k).Esegui();
+    m_rinumera.Lega(1, m_collezione.id).Lega(2, k).Esegui();
+}
+
+void Pavimento::TogliOltre(qint32 n) {
+    m_togli.Lega(1, m_collezione.id).Lega(2, n).Esegui();
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "collezionebench.h"
+#include "istruzione.h"
+
+#include <QByteArrayList>
+
+// The least raw SQL that does what each measured operation does, on the same connection and file,
+// with statements prepared once and values bound. Every statement commits on its own, as the
+// program's do, so the floor pays for the same durable writes.
+class Pavimento final {
+public:
+    explicit Pavimento(const CollezioneBench& collezione);
+
+    // The largest record number, read from the top of each field's index range.
+    qint32 Massimo();
+    // The record's value rows and the field rows formulas are resolved from; answers the values read.
+    int Carica(qint32 n);
+    // Binds the values of record n from the definitions ahead of a timed insert.
+    void PreparaValori(qint32 n);
+    void Inserisci(qint32 n);
+    void Elimina(qint32 k);
+    // Not a floor: puts the store back to n records after a timed insert.
+    void TogliOltre(qint32 n);
+
+private:
+    CollezioneBench m_collezione;
+    QByteArray m_oggi;
+    QByteArrayList m_valori;
+    Istruzione m_massimo;
+    Istruzione m_campi;
+    Istruzione m_record;
+    Istruzione m_inserisci;
+    Istruzione m_elimina;
+    Istruzione m_rinumera;
+    Istruzione m_togli;
+};
+
+// The text of the floor's maximum query, for its query plan.
+QString SqlMassimoPavimento();

@@ -1,0 +1,38 @@
+#include "rispostasi.h"
+
+#include <QDialog>
+#include <stdexcept>
+
+namespace {
+
+[[noreturn]] void Inatteso(const QString& cosa) {
+    throw std::runtime_error("unexpected prompt during the bench: " + cosa.toStdString());
+}
+
+} // namespace
+
+RispostaSi::RispostaSi() {
+    ImpostaInterazione(this);
+}
+
+RispostaSi::~RispostaSi() {
+    ImpostaInterazione(nullptr);
+}
+
+Risposta RispostaSi::MsgBox(const Messaggio& messaggio) {
+    if (messaggio.testo != QStringLiteral("Sicuro di voler eliminare il record corrente?"))
+        Inatteso(messaggio.testo);
+    return Risposta::Si;
+}
+
+QString RispostaSi::InputBox(const QString& prompt, const QString&, const QString&) {
+    Inatteso(prompt);
+}
+
+int RispostaSi::MostraModale(QDialog& finestra) {
+    Inatteso(finestra.objectName());
+}
+
+bool RispostaSi::ApriConShell(const QString& indirizzo) {
+    Inatteso(indirizzo);
+}

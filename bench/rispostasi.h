@@ -1,0 +1,18 @@
+#pragma once
+
+#include "interazione.h"
+
+// Answers Yes to the record window's delete question so "del" runs unattended; any other prompt
+// means the bench is not measuring what it claims, so it stops the run.
+class RispostaSi final : public Interazione {
+public:
+    RispostaSi();
+    ~RispostaSi() override;
+    RispostaSi(const RispostaSi&) = delete;
+    RispostaSi& operator=(const RispostaSi&) = delete;
+
+    Risposta MsgBox(const Messaggio& messaggio) override;
+    QString InputBox(const QString& prompt, const QString& titolo, const QString& predefinito) override;
+    int MostraModale(QDialog& finestra) override;
+    bool ApriConShell(const QString& indirizzo) override;
+};
