@@ -82,7 +82,7 @@ void Connessione::SvuotaCache() {
     for (sqlite3_stmt* stmt : std::as_const(m_cache))
         Finalizza(stmt);
     m_cache.clear();
-    m_tabelle.clear();
+    m_letture.clear();
 }
 
 void Connessione::Fallisci() const {
@@ -147,33 +147,35 @@ void Connessione::Passo(sqlite3_stmt* stmt) {
     }
 }
 
-const QString& Connessione::TabellaDi(const QString& testo) {
-    auto trovata = m_tabelle.find(testo);
-    if (trovata == m_tabelle.end()) {
-        if (m_tabelle.size() >= 4 * MassimoCache)
-            m_tabelle.clear();
-        trovata = m_tabelle.insert(testo, TabellaAggiornabile(testo));
+const Connessione::Lettura& Connessione::LetturaDi(const QString& forma) {
+    auto trovata = m_letture.find(forma);
+    if (trovata == m_letture.end()) {
+        if (m_letture.size() >= 4 * MassimoCache)
+            m_letture.clear();
+        const QString tabella = TabellaAggiornabile(forma);
+        trovata = m_letture.insert(forma, {tabella, tabella.isEmpty() ? forma : ConRowid(forma)});
     }
     return trovata.value();
 }
 
-sqlite3_stmt* Connessione::PreparaTesto(const FormaSql& forma, const QString& tabella) {
-    sqlite3_stmt* stmt = Prepara(tabella.isEmpty() ? forma.testo : ConRowid(forma.testo));
-    for (int i = 0; i < forma.valori.size(); ++i)
-        sqlite3_bind_int64(stmt, i + 1, forma.valori.at(i));
+sqlite3_stmt* Connessione::PreparaForma(const QString& testo, const QList<qint64>& valori) {
+    sqlite3_stmt* stmt = Prepara(testo);
+    for (int i = 0; i < valori.size(); ++i)
+        sqlite3_bind_int64(stmt, i + 1, valori.at(i));
     return stmt;
 }
 
 void Connessione::Esegui(const QString& sql) {
-    sqlite3_stmt* stmt = PreparaTesto(Parametrizza(sql));
+    const FormaSql forma = Parametrizza(sql);
+    sqlite3_stmt* stmt = PreparaForma(forma.testo, forma.valori);
     Passo(stmt);
     Restituisci(stmt);
 }
 
 Recordset Connessione::ApriRecordset(const QString& sql) {
     const FormaSql forma = Parametrizza(sql);
-    const QString tabella = TabellaDi(forma.testo);
-    return Recordset(*this, PreparaTesto(forma, tabella), tabella);
+    const Lettura& lettura = LetturaDi(forma.testo);
+    return Recordset(*this, PreparaForma(lettura.testo, forma.valori), lettura.tabella);
 }
 
 std::shared_ptr<const Colonne> Connessione::ColonneDi(sqlite3_stmt* stmt, int nascoste) {

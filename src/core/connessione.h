@@ -7,7 +7,6 @@
 #include <QStringList>
 #include <memory>
 
-struct FormaSql;
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -44,14 +43,19 @@ public:
 
 private:
     sqlite3_stmt* PreparaUnica(const QString& sql);
-    // SQL text prepared (or taken from the cache) with its lifted numbers bound.
-    sqlite3_stmt* PreparaTesto(const FormaSql& forma, const QString& tabella = {});
-    const QString& TabellaDi(const QString& testo);
+    // How a SELECT of a given shape is read: over which table it can write back, and the text
+    // actually prepared (with the rowid when it can).
+    struct Lettura {
+        QString tabella;
+        QString testo;
+    };
+    const Lettura& LetturaDi(const QString& forma);
+    sqlite3_stmt* PreparaForma(const QString& testo, const QList<qint64>& valori);
     void Finalizza(sqlite3_stmt* stmt);
     void SvuotaCache();
 
     sqlite3* m_db = nullptr;
     QMultiHash<QString, sqlite3_stmt*> m_cache;
     QHash<sqlite3_stmt*, std::shared_ptr<const Colonne>> m_colonne;
-    QHash<QString, QString> m_tabelle;
+    QHash<QString, Lettura> m_letture;
 };
