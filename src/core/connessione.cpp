@@ -75,6 +75,7 @@ void Connessione::Chiudi() {
 
 void Connessione::Finalizza(sqlite3_stmt* stmt) {
     m_colonne.remove(stmt);
+    m_testi.remove(stmt);
     sqlite3_finalize(stmt);
 }
 
@@ -106,6 +107,7 @@ sqlite3_stmt* Connessione::PreparaUnica(const QString& sql) {
         throw ErroreDatabase(
             QStringLiteral("È ammessa una sola istruzione SQL: il testo dopo la prima non è stato eseguito"));
     }
+    m_testi.insert(stmt, sql);
     return stmt;
 }
 
@@ -133,7 +135,7 @@ void Connessione::Restituisci(sqlite3_stmt* stmt) {
             Finalizza(vecchio);
         m_cache.clear();
     }
-    m_cache.insert(QString::fromUtf8(sqlite3_sql(stmt)), stmt);
+    m_cache.insert(m_testi.value(stmt), stmt);
 }
 
 void Connessione::Passo(sqlite3_stmt* stmt) {

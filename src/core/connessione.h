@@ -57,5 +57,6 @@ private:
     sqlite3* m_db = nullptr;
     QMultiHash<QString, sqlite3_stmt*> m_cache;
     QHash<sqlite3_stmt*, std::shared_ptr<const Colonne>> m_colonne;
+    QHash<sqlite3_stmt*, QString> m_testi; // the text each statement was prepared from: its cache key
     QHash<QString, Lettura> m_letture;
 };
