@@ -27,6 +27,11 @@ QSettings& Impostazioni() {
     return *istanza;
 }
 
+qint64& Generazione() {
+    static qint64 generazione = 0;
+    return generazione;
+}
+
 QString Chiave(const QString& sezione, const QString& chiave) {
     return sezione + QLatin1Char('/') + chiave;
 }
@@ -45,7 +50,20 @@ void DeleteSetting(const QString& sezione) {
     Impostazioni().remove(sezione);
 }
 
+QStringList ChiaviSezione(const QString& sezione) {
+    QSettings& impostazioni = Impostazioni();
+    impostazioni.beginGroup(sezione);
+    const QStringList chiavi = impostazioni.childKeys();
+    impostazioni.endGroup();
+    return chiavi;
+}
+
+qint64 GenerazioneImpostazioni() {
+    return Generazione();
+}
+
 void UsaFileImpostazioni(const QString& percorso) {
+    ++Generazione();
     Istanza().reset();
     FileScelto() = percorso;
 }

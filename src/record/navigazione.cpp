@@ -5,7 +5,8 @@
 #include "formule.h"
 #include "mappacampi.h"
 
-#include <vector>
+#include <QHash>
+#include <QStringList>
 
 namespace {
 
@@ -14,36 +15,61 @@ QString CampiDellaCollezione(qint32 idCollezione) {
            QString::number(idCollezione) + QStringLiteral(")");
 }
 
-void RegistraFormula(const QWidget& controllo, qint32 idCampo) {
-    const Recordset campo = Database().ApriRecordset(QStringLiteral("select formula from campi where id=") +
-                                                     QString::number(idCampo));
-    const QString formula = campo.Fine() ? QString() : campo.Testo(QStringLiteral("formula"));
-    if (!formula.isEmpty())
-        AggiungiFormula(ChiaveControllo(controllo), formula, idCampo);
+struct CampoMostrato {
+    QWidget* controllo;
+    qint32 idCampo;
+};
+
+QList<CampoMostrato> CampiMostrati(FinestraControlli& finestra, qint32 idCollezione) {
+    QList<CampoMostrato> campi;
+    for (QWidget* controllo : finestra.ControlliCampo()) {
+        const qint32 idCampo = IdCampo(idCollezione, ChiaveControllo(*controllo));
+        if (idCampo > 0)
+            campi.append({controllo, idCampo});
+    }
+    return campi;
 }
 
-Recordset MostraValore(QWidget& controllo, qint32 idCampo, qint32 n) {
-    Recordset valore = Database().ApriRecordset(QStringLiteral("select * from valori where id_campo=") +
-                                                QString::number(idCampo) +
-                                                QStringLiteral(" and numerorecord=") + QString::number(n));
-    if (!valore.Fine())
-        ImpostaValoreControllo(controllo, valore.Testo(QStringLiteral("valore")));
-    return valore;
+QString ElencoId(const QList<CampoMostrato>& campi) {
+    QStringList id;
+    for (const CampoMostrato& campo : campi)
+        id << QString::number(campo.idCampo);
+    return id.join(QLatin1Char(','));
+}
+
+// The first row of each field, as a look-up of that field alone would find it: one statement for
+// the whole record rather than one per field.
+QHash<qint32, QString> PrimaRigaPerCampo(const QString& sql) {
+    QHash<qint32, QString> righe;
+    for (Recordset rs = Database().ApriRecordset(sql); !rs.Fine(); rs.Successivo()) {
+        const auto id = static_cast<qint32>(rs.Campo(0).toLongLong());
+        if (!righe.contains(id))
+            righe.insert(id, rs.Campo(1).toString());
+    }
+    return righe;
 }
 
 } // namespace
 
-// The record's rows stay open until the load ends, so that the whole load is one read of the
-// store instead of one per statement.
 void CaricaRecord(FinestraControlli& finestra, qint32 n, qint32 idCollezione) {
     SvuotaTabellaFormule();
-    std::vector<Recordset> righe;
-    for (QWidget* controllo : finestra.ControlliCampo()) {
-        const qint32 idCampo = IdCampo(idCollezione, ChiaveControllo(*controllo));
-        if (idCampo <= 0)
-            continue;
-        RegistraFormula(*controllo, idCampo);
-        righe.push_back(MostraValore(*controllo, idCampo, n));
+    const QList<CampoMostrato> campi = CampiMostrati(finestra, idCollezione);
+    if (!campi.isEmpty()) {
+        const QString elenco = ElencoId(campi);
+        const auto formule = PrimaRigaPerCampo(QStringLiteral("select id,formula from campi where id in (") +
+                                               elenco + QLatin1Char(')'));
+        const auto valori = PrimaRigaPerCampo(
+            QStringLiteral("select id_campo,valore from valori where numerorecord=") + QString::number(n) +
+            QStringLiteral(" and id_campo in (") + elenco + QLatin1Char(')'));
+        for (const CampoMostrato& campo : campi) {
+            const QString formula = formule.value(campo.idCampo);
+            if (!formula.isEmpty())
+                AggiungiFormula(ChiaveControllo(*campo.controllo), formula, campo.idCampo);
+            // A field with no row for this record keeps what it showed.
+            const auto valore = valori.constFind(campo.idCampo);
+            if (valore != valori.cend())
+                ImpostaValoreControllo(*campo.controllo, valore.value());
+        }
     }
     if (n <= 0)
         return;
