@@ -26,9 +26,21 @@ int RigaScelta(const QListWidget& lista) {
     return scelte.isEmpty() ? -1 : lista.row(scelte.first());
 }
 
+// Records are shown many times over while browsing; a control already showing the value is left
+// alone, which spares the widget a relayout.
 void ScegliRiga(QListWidget& lista, int riga) {
-    lista.clearSelection();
-    lista.setCurrentRow(riga);
+    const QList<QListWidgetItem*> scelte = lista.selectedItems();
+    const bool giaScelta =
+        riga < 0 ? scelte.isEmpty() && lista.currentRow() < 0
+                 : scelte.size() == 1 && lista.row(scelte.first()) == riga && lista.currentRow() == riga;
+    if (giaScelta)
+        return;
+    if (riga < 0 || riga >= lista.count()) {
+        lista.clearSelection();
+        lista.setCurrentRow(-1);
+        return;
+    }
+    lista.setCurrentRow(riga, QItemSelectionModel::ClearAndSelect);
 }
 
 void MostraFigura(Immagine& immagine, const QString& percorso) {
@@ -101,10 +113,12 @@ QString TestoCasella(const QWidget& casella) {
 }
 
 void ImpostaTestoCasella(QWidget& casella, const QString& testo) {
-    if (auto* memo = qobject_cast<QPlainTextEdit*>(&casella))
-        memo->setPlainText(testo);
-    else if (auto* riga = qobject_cast<QLineEdit*>(&casella)) {
-        riga->setText(testo);
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(&casella)) {
+        if (memo->toPlainText() != testo)
+            memo->setPlainText(testo);
+    } else if (auto* riga = qobject_cast<QLineEdit*>(&casella)) {
+        if (riga->text() != testo)
+            riga->setText(testo);
         riga->setCursorPosition(0); // a long value is read from its start
     }
 }
