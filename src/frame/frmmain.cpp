@@ -115,10 +115,13 @@ void frmMAIN::MostraFiglia(QWidget* finestra) {
         if (figlio->widget() == finestra)
             contenitore = figlio;
     if (!contenitore) {
+        const QSize voluta = finestra->size();
         contenitore = m_area->addSubWindow(finestra);
         contenitore->setAttribute(Qt::WA_DeleteOnClose);
-        contenitore->resize(finestra->size());
         connect(finestra, &QObject::destroyed, this, [this] { AggiornaMenu(); });
+        // The child keeps the size it asked for; the frame's title bar and borders come on top.
+        const QMargins bordi = contenitore->contentsMargins();
+        contenitore->resize(voluta.grownBy(bordi));
     }
     contenitore->show();
     finestra->show();

@@ -134,14 +134,17 @@ private Q_SLOTS:
         VERIFICA_SCRIPT(script);
     }
 
-    void tilingArrangesChildrenSideBySideOrStacked() {
+    void childrenKeepTheirSizeAndTile() {
         ArchivioTemporaneo archivio;
         CreaCollezione(QStringLiteral("Dischi"), QString());
         InterazioneScriptata script;
         std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
         auto* altra = new QWidget;
         altra->setWindowTitle(QStringLiteral("Altra"));
+        altra->resize(300, 200);
         frame->MostraFiglia(altra);
+        // A child gets the room it asked for inside the frame's decorations.
+        QCOMPARE(altra->size(), QSize(300, 200));
         const auto figli = frame->AreaFigli()->subWindowList();
         frame->Affianca(true);
         QCOMPARE(figli.at(0)->y(), figli.at(1)->y());
