@@ -1,4 +1,5 @@
 #include "archiviotemporaneo.h"
+#include "campiprova.h"
 #include "interazionescriptata.h"
 
 #include "archivio.h"
@@ -14,29 +15,40 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
 
-QVariant Scalare(const QString& sql) {
-    return Database().ApriRecordset(sql).Campo(0);
+// Every row of a query: its values joined by ';' (NULL as "-"), the rows by " / ".
+QString Valori(const QString& sql) {
+    QStringList righe;
+    for (Recordset rs = Database().ApriRecordset(sql); !rs.Fine(); rs.Successivo()) {
+        QStringList valori;
+        for (int i = 0; i < rs.NumeroColonne(); ++i)
+            valori << (rs.Campo(i).isNull() ? QStringLiteral("-") : rs.Campo(i).toString());
+        righe << valori.join(';');
+    }
+    return righe.join(" / ");
 }
-qint64 Conta(const QString& sql) {
-    return Scalare(sql).toLongLong();
+
+QStringList Elencati(const QListWidget& lista) {
+    QStringList nomi;
+    for (int i = 0; i < lista.count(); ++i)
+        nomi << lista.item(i)->text();
+    return nomi;
+}
+
+// A message in one line: "text | title | NIP", with the buttons, icon and default button as digits.
+QString Descrivi(const Messaggio& m) {
+    const int forma = int(m.pulsanti) * 100 + int(m.icona) * 10 + m.predefinito;
+    return m.testo + " | " + m.titolo + " | " + QString::number(forma);
 }
 
 std::function<void(QDialog&)> ScegliTipo(int indice) {
     return [indice](QDialog& finestra) {
-        auto& scelta = dynamic_cast<FrmScegliCampi&>(finestra);
-        scelta.findChild<QRadioButton*>(QStringLiteral("Option%1").arg(indice + 1))->click();
-        scelta.cmdSCEGLI->click();
+        finestra.findChild<QRadioButton*>(QStringLiteral("Option%1").arg(indice + 1))->click();
+        dynamic_cast<FrmScegliCampi&>(finestra).cmdSCEGLI->click();
     };
-}
-
-QTreeWidgetItem* Riga(const frmProprietaControllo& dialogo, const QString& proprieta) {
-    const auto righe = dialogo.LV1->findItems(proprieta, Qt::MatchExactly, 1);
-    return righe.isEmpty() ? nullptr : righe.constFirst();
 }
 
 // Types the given values into the properties dialog and confirms it.
@@ -44,31 +56,31 @@ std::function<void(QDialog&)> Conferma(const QList<QPair<QString, QString>>& val
     return [valori](QDialog& finestra) {
         auto& dialogo = dynamic_cast<frmProprietaControllo&>(finestra);
         for (const auto& [proprieta, valore] : valori)
-            dialogo.FineModifica(Riga(dialogo, proprieta), valore);
+            dialogo.FineModifica(dialogo.LV1->findItems(proprieta, Qt::MatchExactly, 1).constFirst(), valore);
         dialogo.cmdSCEGLI->click();
     };
 }
 
-void Annulla(QDialog& finestra) {
-    finestra.findChild<QPushButton*>(QStringLiteral("cmdANNULLA"))->click();
-}
+const auto Annulla = [](QDialog& finestra) { finestra.findChild<QPushButton*>("cmdANNULLA")->click(); };
 
+// A temporary store and the collections window with a new collection selected; prompts are scripted.
 struct Finestra {
-    explicit Finestra(const QString& collezione = QStringLiteral("Libri")) {
-        idCollezione = CreaCollezione(collezione, QString());
+    Finestra() {
+        idCollezione = CreaCollezione("Libri", QString());
         CaricaCollezioniInLista(*form.List1);
         form.show();
-        form.List1->setCurrentRow(form.List1->count() - 1);
+        form.List1->setCurrentRow(0);
     }
-    void AggiungiCampo(const QString& nome) {
-        Database().Esegui(
-            QStringLiteral("insert into campi (id_collezione,nome,tipo) values (%1,'%2','textbox')")
-                .arg(idCollezione)
-                .arg(nome));
+    // A field stored directly, then listed; answers its id.
+    qint32 NuovoCampo(const QString& nome) {
+        const qint32 id = AggiungiCampo(idCollezione, {{"nome", nome}});
         CaricaCampiInLista(idCollezione, *form.List2);
+        return id;
     }
-    qint32 idCollezione;
+    ArchivioTemporaneo archivio;
     Form1 form;
+    InterazioneScriptata script;
+    qint32 idCollezione;
 };
 
 } // namespace
@@ -82,19 +94,16 @@ private Q_SLOTS:
     void chooserResultFollowsTheButtons() {
         ArchivioTemporaneo archivio;
         FrmScegliCampi scelta;
-        QCOMPARE(scelta.objectName(), QStringLiteral("FrmScegliCampi"));
         QCOMPARE(scelta.windowTitle(),
                  QStringLiteral("Scegli il tipo di Controllo preferito per rappresentare il "
                                 "nuovo Campo (scegli tra 1 e 7)"));
-        QCOMPARE(scelta.cmdSCEGLI->text(), QStringLiteral("SCEGLI"));
-        QCOMPARE(scelta.cmdANNULLA->text(), QStringLiteral("Annulla"));
+        QCOMPARE(scelta.cmdSCEGLI->text() + "|" + scelta.cmdANNULLA->text(),
+                 QStringLiteral("SCEGLI|Annulla"));
         scelta.show();
         for (QLabel* immagine : scelta.Pic1)
             QVERIFY(!immagine->isVisible());
-
         scelta.cmdSCEGLI->click();
-        QCOMPARE(scelta.Risultato(), QString());
-        QVERIFY(!scelta.isVisible());
+        QVERIFY(scelta.Risultato().isEmpty() && !scelta.isVisible());
 
         // Each option shows its own preview alone, and SCEGLI gives its word.
         for (int k = 0; k < 7; ++k) {
@@ -107,38 +116,24 @@ private Q_SLOTS:
             scelta.cmdSCEGLI->click();
             QCOMPARE(scelta.Risultato(), ControlTypes().at(k));
         }
+        // Annulla clears the result; Escape cancels a real modal loop.
         scelta.show();
         scelta.cmdANNULLA->click();
-        QCOMPARE(scelta.Risultato(), QString());
-    }
-
-    void chooserEndsARealModalLoop() {
-        ArchivioTemporaneo archivio;
-        FrmScegliCampi scelta;
-        QTimer::singleShot(0, &scelta, [&] {
-            scelta.Option6->click();
-            scelta.cmdSCEGLI->click();
-        });
-        QCOMPARE(scelta.exec(), int(QDialog::Accepted));
-        QCOMPARE(scelta.Risultato(), QStringLiteral("list"));
+        QVERIFY(scelta.Risultato().isEmpty() && !scelta.isVisible());
         QTimer::singleShot(0, &scelta, [&] { QTest::keyClick(&scelta, Qt::Key_Escape); });
         QCOMPARE(scelta.exec(), int(QDialog::Rejected));
-        QCOMPARE(scelta.Risultato(), QString());
-    }
 
-    void previewsAreDrawnControls() {
-        ArchivioTemporaneo archivio;
-        FrmScegliCampi scelta;
+        // The previews are drawn controls: of a fair size, not plain, all different.
         QList<QImage> disegni;
         for (QLabel* immagine : scelta.Pic1) {
             const QImage disegno = immagine->pixmap().toImage();
-            QVERIFY(disegno.width() >= 200 && disegno.height() >= 100);
             QSet<QRgb> colori;
             for (int y = 0; y < disegno.height(); y += 3)
                 for (int x = 0; x < disegno.width(); x += 3)
                     colori.insert(disegno.pixel(x, y));
-            QVERIFY2(colori.size() > 3, qPrintable(immagine->objectName()));
-            QVERIFY2(!disegni.contains(disegno), qPrintable(immagine->objectName()));
+            QVERIFY2(disegno.width() >= 200 && disegno.height() >= 100 && colori.size() > 3 &&
+                         !disegni.contains(disegno),
+                     qPrintable(immagine->objectName()));
             disegni << disegno;
         }
     }
@@ -150,267 +145,144 @@ private Q_SLOTS:
         script.Rispondi(Risposta::Ok);
         form.mnuNewCampo->trigger();
         VERIFICA_SCRIPT(script);
-        const Messaggio& messaggio = script.Richieste().at(0).messaggio;
-        QCOMPARE(messaggio.testo, QStringLiteral("Nessuna Collezione Selezionata!"));
-        QCOMPARE(messaggio.titolo, QStringLiteral("Orvix"));
-        QCOMPARE(messaggio.pulsanti, Pulsanti::Ok);
-        QCOMPARE(messaggio.icona, Icona::Nessuna);
+        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                 Descrivi({"Nessuna Collezione Selezionata!", "Orvix"}));
     }
 
     void eachTypeStoresItsRow_data() {
         QTest::addColumn<int>("indice");
-        QTest::addColumn<QString>("etichetta");
-        QTest::addColumn<QVariant>("special");
-        QTest::addColumn<QVariant>("required");
-        const QVariant nulla;
-        const QString elementi = "Elemento1|Elemento2|Elemento3";
-        QTest::newRow("textbox") << 0 << "Controllo1:" << nulla << QVariant("False");
-        QTest::newRow("combo") << 1 << "Controllo1:" << QVariant(elementi) << nulla;
-        QTest::newRow("checkbox") << 2 << QString() << nulla << nulla;
-        QTest::newRow("slider") << 3 << "Controllo1:" << QVariant("1|10") << nulla;
-        QTest::newRow("memo") << 4 << "Controllo1:" << nulla << nulla;
-        QTest::newRow("list") << 5 << "Controllo1:" << QVariant(elementi) << nulla;
-        QTest::newRow("image") << 6 << "Controllo1:" << QVariant("TRUE") << nulla;
+        QTest::addColumn<QString>("proprie"); // etichetta;special;required;formula;default
+        QTest::newRow("textbox") << 0 << "Controllo1:;-;False;;";
+        QTest::newRow("checkbox") << 2 << "-;-;-;-;-";
+        QTest::newRow("list") << 5 << "Controllo1:;Elemento1|Elemento2|Elemento3;-;-;-";
     }
 
     void eachTypeStoresItsRow() {
         QFETCH(int, indice);
-        QFETCH(QString, etichetta);
-        QFETCH(QVariant, special);
-        QFETCH(QVariant, required);
-        ArchivioTemporaneo archivio;
+        QFETCH(QString, proprie);
         Finestra f;
-        InterazioneScriptata script;
         // Re-typing the offered name gives the label its text, where the type has a label.
-        script.Modale(ScegliTipo(indice)).Modale(Conferma({{"Nome", "Controllo1"}})).Rispondi(Risposta::No);
+        f.script.Modale(ScegliTipo(indice)).Modale(Conferma({{"Nome", "Controllo1"}})).Rispondi(Risposta::No);
         f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(script.Richieste().at(0).finestra, QStringLiteral("FrmScegliCampi"));
-        QCOMPARE(script.Richieste().at(1).finestra, QStringLiteral("frmProprietaControllo"));
-        const Messaggio& altro = script.Richieste().at(2).messaggio;
-        QCOMPARE(altro.testo, QStringLiteral("Si desidera inserire un altro Campo alla propria Collezione?"));
-        QCOMPARE(altro.titolo, QStringLiteral("Aggiungere altro campo?"));
-        QCOMPARE(altro.pulsanti, Pulsanti::SiNo);
-        QCOMPARE(altro.icona, Icona::Domanda);
-
-        QCOMPARE(f.form.List2->count(), 1);
-        QCOMPARE(f.form.List2->item(0)->text(), QStringLiteral("Controllo1"));
-        const qint32 id = DatoElemento(*f.form.List2, 0);
-        Recordset rs = Database().ApriRecordset(QStringLiteral("select * from campi where id=%1").arg(id));
-        QCOMPARE(rs.Campo("id_collezione").toInt(), f.idCollezione);
-        QCOMPARE(rs.Testo("tipo"), ControlTypes().at(indice));
-        QCOMPARE(rs.Testo("nome"), QStringLiteral("Controllo1"));
-        QCOMPARE(rs.Campo("tabindex"), QVariant(0LL));
-        QCOMPARE(rs.Campo("left"), QVariant(20LL));
-        QCOMPARE(rs.Campo("top"), QVariant(70LL));
-        QCOMPARE(rs.Campo("height"), QVariant(20LL));
-        QCOMPARE(rs.Campo("width"), QVariant(200LL));
-        QCOMPARE(rs.Campo("tooltip"), QVariant(QString("")));
-        QCOMPARE(rs.Campo("etichetta").isNull(), etichetta.isNull());
-        QCOMPARE(rs.Testo("etichetta"), etichetta);
-        QCOMPARE(rs.Campo("special"), special);
-        QCOMPARE(rs.Campo("required"), required);
-        QCOMPARE(rs.Campo("formula").isNull(), indice != 0);
-        QCOMPARE(rs.Campo("default").isNull(), indice != 0);
-        QCOMPARE(Conta("select count(*) from valori"), 0);
+        VERIFICA_SCRIPT(f.script);
+        QCOMPARE(Descrivi(f.script.Richieste().at(2).messaggio),
+                 Descrivi({"Si desidera inserire un altro Campo alla propria Collezione?",
+                           "Aggiungere altro campo?", Pulsanti::SiNo, Icona::Domanda}));
+        QCOMPARE(Elencati(*f.form.List2), QStringList({"Controllo1"}));
+        const QString sql = "select id_collezione,tipo,nome,tabindex,left,top,height,width,tooltip,etichetta,"
+                            "special,required,formula,\"default\" from campi where id=";
+        QCOMPARE(Valori(sql + QString::number(DatoElemento(*f.form.List2, 0))),
+                 QString::number(f.idCollezione) + ";" + ControlTypes().at(indice) +
+                     ";Controllo1;0;20;70;20;200;;" + proprie);
     }
 
-    void yesAsksForAnotherFieldUntilNo() {
-        ArchivioTemporaneo archivio;
+    void cancelsWriteNothingAndYesAsksForAnotherField() {
         Finestra f;
-        InterazioneScriptata script;
-        script.Modale(ScegliTipo(0))
-            .Modale(Conferma({{"Nome", "Titolo"}}))
-            .Rispondi(Risposta::Si)
-            .Modale(ScegliTipo(5))
-            .Modale([](QDialog& finestra) {
-                auto& dialogo = dynamic_cast<frmProprietaControllo&>(finestra);
-                // The second field is numbered and placed after the first one now listed.
-                QCOMPARE(Riga(dialogo, "Nome")->text(0), QStringLiteral("Controllo2"));
-                QCOMPARE(Riga(dialogo, "Top")->text(0), QStringLiteral("90"));
-                dialogo.cmdSCEGLI->click();
-            })
-            .Rispondi(Risposta::Si)
-            .Modale(Annulla);
-        f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(f.form.List2->count(), 2);
-        QCOMPARE(
-            Conta(QStringLiteral("select count(*) from campi where id_collezione=%1").arg(f.idCollezione)),
-            2);
-        QCOMPARE(Scalare("select tipo from campi where nome='Controllo2'").toString(),
-                 QStringLiteral("list"));
-        QCOMPARE(Scalare("select top from campi where nome='Controllo2'").toInt(), 90);
+        // Three cancelled runs: SCEGLI with no type, then Annulla and Escape in the properties dialog.
+        f.script.Modale([](QDialog& d) { dynamic_cast<FrmScegliCampi&>(d).cmdSCEGLI->click(); });
+        f.script.Modale(ScegliTipo(3)).Modale(Annulla);
+        f.script.Modale(ScegliTipo(3)).Modale([](QDialog& d) { QTest::keyClick(&d, Qt::Key_Escape); });
+        // Then "Yes" twice to another field, ended by Annulla in the chooser.
+        f.script.Modale(ScegliTipo(0)).Modale(Conferma({{"Nome", "Titolo"}})).Rispondi(Risposta::Si);
+        f.script.Modale(ScegliTipo(5)).Modale(Conferma()).Rispondi(Risposta::Si).Modale(Annulla);
+        for (int i = 0; i < 4; ++i)
+            f.form.mnuNewCampo->trigger();
+        VERIFICA_SCRIPT(f.script);
+        // The second field is numbered and placed after the first one now listed.
+        QCOMPARE(Elencati(*f.form.List2), QStringList({"Titolo", "Controllo2"}));
+        QCOMPARE(Valori("select nome,tipo,top,id_collezione from campi order by id"),
+                 QStringLiteral("Titolo;textbox;70;%1 / Controllo2;list;90;%1").arg(f.idCollezione));
     }
 
     void existingRecordsGetTheTypedValue() {
-        ArchivioTemporaneo archivio;
         Finestra f;
-        f.AggiungiCampo("Titolo");
-        const qint32 titolo = DatoElemento(*f.form.List2, 0);
+        const qint32 titolo = f.NuovoCampo("Titolo");
         for (int r = 1; r <= 3; ++r)
-            Database().Esegui(
-                QStringLiteral("insert into valori (id_campo,valore,numerorecord) values (%1,'t%2',%2)")
-                    .arg(titolo)
-                    .arg(r));
-        InterazioneScriptata script;
-        script.Modale(ScegliTipo(1)).Modale(Conferma({{"Nome", "Editore"}})).Digita("L'isola d'Arturo");
+            ScriviValore(titolo, r, QStringLiteral("t%1").arg(r));
+        // No "another field?" question follows once the collection has records.
+        f.script.Modale(ScegliTipo(1)).Modale(Conferma({{"Nome", "Editore"}})).Digita("L'isola d'Arturo");
         f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        const auto& domanda = script.Richieste().at(2);
-        QCOMPARE(domanda.messaggio.testo,
-                 QStringLiteral("Specifica il Valore del nuovo Campo da assegnare ai record preesistenti:"));
-        QCOMPARE(domanda.messaggio.titolo, QStringLiteral("Orvix"));
-        QCOMPARE(domanda.predefinito, QString());
-
-        QCOMPARE(f.form.List2->count(), 2);
-        const qint32 editore = DatoElemento(*f.form.List2, 1);
-        QCOMPARE(Scalare(QStringLiteral("select nome from campi where id=%1").arg(editore)).toString(),
-                 QStringLiteral("Editore"));
-        Recordset rs = Database().ApriRecordset(
-            QStringLiteral("select valore,data_ins,data_mod,numerorecord from valori where id_campo=%1 "
-                           "order by numerorecord")
-                .arg(editore));
-        for (int r = 1; r <= 3; ++r, rs.Successivo()) {
-            QVERIFY(!rs.Fine());
-            QCOMPARE(rs.Testo("valore"), QStringLiteral("L'isola d'Arturo"));
-            QCOMPARE(rs.Campo("numerorecord").toInt(), r);
-            QCOMPARE(rs.Testo("data_ins"), DataOggi());
-            QCOMPARE(rs.Testo("data_mod"), DataOggi());
-        }
-        QVERIFY(rs.Fine());
-
         // A cancelled value prompt still gives every record a row, empty.
-        script.Modale(ScegliTipo(2)).Modale(Conferma()).Digita(QString());
+        f.script.Modale(ScegliTipo(2)).Modale(Conferma()).Digita(QString());
         f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        const qint32 casella = DatoElemento(*f.form.List2, 2);
+        VERIFICA_SCRIPT(f.script);
+        const auto& domanda = f.script.Richieste().at(2);
         QCOMPARE(
-            Conta(QStringLiteral("select count(*) from valori where id_campo=%1 and valore=''").arg(casella)),
-            3);
-    }
-
-    void cancellingEitherDialogWritesNothing() {
-        ArchivioTemporaneo archivio;
-        Finestra f;
-        InterazioneScriptata script;
-        script.Modale(Annulla);
-        f.form.mnuNewCampo->trigger();
-        script.Modale([](QDialog& finestra) { dynamic_cast<FrmScegliCampi&>(finestra).cmdSCEGLI->click(); });
-        f.form.mnuNewCampo->trigger();
-        script.Modale(ScegliTipo(3)).Modale(Annulla);
-        f.form.mnuNewCampo->trigger();
-        // Closing the properties window with Escape cancels too.
-        script.Modale(ScegliTipo(3)).Modale([](QDialog& finestra) {
-            QTest::keyClick(&finestra, Qt::Key_Escape);
-        });
-        f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(script.Richieste().size(), 6);
-        QCOMPARE(Conta("select count(*) from campi"), 0);
-        QCOMPARE(f.form.List2->count(), 0);
+            Descrivi(domanda.messaggio),
+            Descrivi({"Specifica il Valore del nuovo Campo da assegnare ai record preesistenti:", "Orvix"}));
+        QCOMPARE(domanda.predefinito, QString());
+        QCOMPARE(Elencati(*f.form.List2), QStringList({"Titolo", "Editore", "Controllo3"}));
+        const QString arturo = "L'isola d'Arturo";
+        QCOMPARE(ValoriDelCampo(DatoElemento(*f.form.List2, 1)),
+                 QStringList({"1=" + arturo, "2=" + arturo, "3=" + arturo}));
+        QCOMPARE(ValoriDelCampo(DatoElemento(*f.form.List2, 2)), QStringList({"1=", "2=", "3="}));
+        QCOMPARE(Valori("select distinct data_ins,data_mod from valori"), DataOggi() + ";" + DataOggi());
     }
 
     void aDuplicateNameIsStoredAndListedByTheFirstMatch() {
-        ArchivioTemporaneo archivio;
-        Finestra altra(QStringLiteral("Dischi"));
-        altra.AggiungiCampo("Anno");
-        const qint32 annoDischi = DatoElemento(*altra.form.List2, 0);
         Finestra f;
-        f.AggiungiCampo("Autore");
-        const qint32 autore = DatoElemento(*f.form.List2, 0);
-        InterazioneScriptata script;
-        script.Modale(ScegliTipo(0))
-            .Modale(Conferma({{"Nome", "autore"}}))
-            .Rispondi(Risposta::Ok)
-            .Rispondi(Risposta::No);
+        const qint32 autore = f.NuovoCampo("Autore");
+        const qint32 annoDischi = AggiungiCampo(CreaCollezione("Dischi", QString()), {{"nome", "Anno"}});
+        f.script.Modale(ScegliTipo(0)).Modale(Conferma({{"Nome", "autore"}}));
+        f.script.Rispondi(Risposta::Ok).Rispondi(Risposta::No);
+        f.script.Modale(ScegliTipo(0)).Modale(Conferma({{"Nome", "Anno"}})).Rispondi(Risposta::No);
         f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(script.TestiMessaggi().at(0),
-                 QStringLiteral(
-                     "Attenzione, hai specificato un valore come proprietà Nome già assegnato ad un altro "
-                     "controllo!"));
-        QCOMPARE(
-            Conta(QStringLiteral("select count(*) from campi where id_collezione=%1").arg(f.idCollezione)),
-            2);
-        // The look-up by name finds the older field first, so the list shows that one again.
-        QCOMPARE(f.form.List2->count(), 2);
-        QCOMPARE(f.form.List2->item(1)->text(), QStringLiteral("Autore"));
-        QCOMPARE(DatoElemento(*f.form.List2, 1), autore);
-
-        // The look-up is not limited to the current collection either.
-        script.Modale(ScegliTipo(0)).Modale(Conferma({{"Nome", "Anno"}})).Rispondi(Risposta::No);
         f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(DatoElemento(*f.form.List2, 2), annoDischi);
+        VERIFICA_SCRIPT(f.script);
+        QVERIFY(f.script.TestiMessaggi().at(0).startsWith(
+            "Attenzione, hai specificato un valore come proprietà Nome"));
+        QCOMPARE(Valori("select nome from campi where id_collezione=" + QString::number(f.idCollezione)),
+                 QStringLiteral("Autore / autore / Anno"));
+        // The look-up by name finds the older field first, and not only in the current collection.
+        QCOMPARE(Elencati(*f.form.List2), QStringList({"Autore", "Autore", "Anno"}));
+        QCOMPARE(QList<qint32>({DatoElemento(*f.form.List2, 1), DatoElemento(*f.form.List2, 2)}),
+                 QList<qint32>({autore, annoDischi}));
     }
 
-    void storeFailuresReachTheUser() {
-        ArchivioTemporaneo archivio;
+    void failuresReachTheUserAndStoreNothing() {
         Finestra f;
-        InterazioneScriptata script;
         // The numeric test accepts the user's decimals; the integer column does not.
-        script.Modale(ScegliTipo(0)).Modale(Conferma({{"Width", "12,5"}})).Rispondi(Risposta::Ok);
+        f.script.Modale(ScegliTipo(0)).Modale(Conferma({{"Width", "12,5"}})).Rispondi(Risposta::Ok);
         f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(script.Richieste().at(2).messaggio.icona, Icona::Critica);
-        QVERIFY(script.TestiMessaggi().at(0).contains("width deve essere un numero intero"));
-        QCOMPARE(Conta("select count(*) from campi"), 0);
-        QCOMPARE(f.form.List2->count(), 0);
-    }
-
-    void tooManyListedFieldsOverflowTheDefaults() {
-        ArchivioTemporaneo archivio;
-        Finestra f;
+        // Too many listed fields overflow the defaults: the properties dialog never opens.
         for (int i = 0; i < 1635; ++i)
             f.form.List2->addItem(QStringLiteral("c%1").arg(i));
-        InterazioneScriptata script;
-        script.Modale(ScegliTipo(4)).Rispondi(Risposta::Ok);
+        f.script.Modale(ScegliTipo(4)).Rispondi(Risposta::Ok);
         f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(script.Richieste().size(), 2);
-        QCOMPARE(script.Richieste().at(1).messaggio.testo, QStringLiteral("Overflow"));
-        QCOMPARE(Conta("select count(*) from campi"), 0);
+        VERIFICA_SCRIPT(f.script);
+        const Messaggio& rifiuto = f.script.Richieste().at(2).messaggio;
+        QVERIFY2(rifiuto.icona == Icona::Critica &&
+                     rifiuto.testo.contains("width deve essere un numero intero"),
+                 qPrintable(rifiuto.testo));
+        QCOMPARE(Descrivi(f.script.Richieste().at(4).messaggio),
+                 Descrivi({"Overflow", "Orvix", Pulsanti::Ok, Icona::Critica}));
+        QCOMPARE(Valori("select count(*) from campi") + "|" + QString::number(f.form.List2->count()),
+                 QStringLiteral("0|1635"));
     }
 
     void deletingAFieldKeepsItsValues() {
-        ArchivioTemporaneo archivio;
         Finestra f;
-        f.AggiungiCampo("Titolo");
-        f.AggiungiCampo("Autore");
-        const qint32 autore = DatoElemento(*f.form.List2, 1);
-        Database().Esegui(
-            QStringLiteral("insert into valori (id_campo,valore,numerorecord) values (%1,'Calvino',1)")
-                .arg(autore));
-        InterazioneScriptata script;
+        f.NuovoCampo("Titolo");
+        const qint32 autore = f.NuovoCampo("Autore");
+        ScriviValore(autore, 1, "Calvino");
         f.form.mnuElliminaCampo->trigger();
-        QCOMPARE(script.Richieste().size(), 0);
+        VERIFICA_SCRIPT(f.script);
 
+        // No and Annulla keep the field: a removal would leave the next question unasked.
         f.form.List2->setCurrentRow(1);
         QCOMPARE(f.form.Lv1->topLevelItemCount(), 13);
-        script.Rispondi(Risposta::No).Rispondi(Risposta::Annulla);
-        f.form.mnuElliminaCampo->trigger();
-        f.form.mnuElliminaCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        const Messaggio& domanda = script.Richieste().at(0).messaggio;
-        QCOMPARE(domanda.testo,
-                 QStringLiteral("Sicuro di voler rimuovere permanentemente il Campo selezionato?"));
-        QCOMPARE(domanda.titolo, QStringLiteral("Orvix"));
-        QCOMPARE(domanda.pulsanti, Pulsanti::SiNoAnnulla);
-        QCOMPARE(domanda.icona, Icona::Domanda);
-        QCOMPARE(domanda.predefinito, 2);
-        QCOMPARE(f.form.List2->count(), 2);
-        QCOMPARE(Conta("select count(*) from campi"), 2);
-
-        script.Rispondi(Risposta::Si);
-        f.form.mnuElliminaCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(f.form.List2->count(), 1);
-        QCOMPARE(f.form.List2->item(0)->text(), QStringLiteral("Titolo"));
+        f.script.Rispondi(Risposta::No).Rispondi(Risposta::Annulla).Rispondi(Risposta::Si);
+        for (int i = 0; i < 3; ++i)
+            f.form.mnuElliminaCampo->trigger();
+        VERIFICA_SCRIPT(f.script);
+        QCOMPARE(Descrivi(f.script.Richieste().at(0).messaggio),
+                 Descrivi({"Sicuro di voler rimuovere permanentemente il Campo selezionato?", "Orvix",
+                           Pulsanti::SiNoAnnulla, Icona::Domanda, 2}));
+        QCOMPARE(Elencati(*f.form.List2), QStringList({"Titolo"}));
         QVERIFY(f.form.List2->selectedItems().isEmpty());
         QCOMPARE(f.form.Lv1->topLevelItemCount(), 0);
-        QCOMPARE(Conta(QStringLiteral("select count(*) from campi where id=%1").arg(autore)), 0);
-        QCOMPARE(Conta(QStringLiteral("select count(*) from valori where id_campo=%1").arg(autore)), 1);
+        QCOMPARE(Valori("select nome from campi"), QStringLiteral("Titolo"));
+        QCOMPARE(Valori("select id_campo,valore from valori"), QString::number(autore) + ";Calvino");
     }
 };
 
