@@ -2,6 +2,7 @@
 
 #include "archivio.h"
 #include "confine.h"
+#include "disposizionedialogo.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -139,22 +140,12 @@ FrmScegliCampi::FrmScegliCampi(QWidget* parent)
     setWindowTitle(QStringLiteral(
         "Scegli il tipo di Controllo preferito per rappresentare il nuovo Campo (scegli tra 1 e 7)"));
 
-    cmdSCEGLI = new QPushButton(QStringLiteral("SCEGLI"));
-    cmdSCEGLI->setObjectName(QStringLiteral("cmdSCEGLI"));
-    cmdSCEGLI->setDefault(true);
-    cmdANNULLA = new QPushButton(QStringLiteral("Annulla"));
-    cmdANNULLA->setObjectName(QStringLiteral("cmdANNULLA"));
-
     auto* contenuto = new QHBoxLayout;
     contenuto->addWidget(CreaOpzioni());
     contenuto->addWidget(CreaAnteprime(), 1);
-    auto* bottoni = new QHBoxLayout;
-    bottoni->addStretch();
-    bottoni->addWidget(cmdSCEGLI);
-    bottoni->addWidget(cmdANNULLA);
-    auto* finestra = new QVBoxLayout(this);
-    finestra->addLayout(contenuto);
-    finestra->addLayout(bottoni);
+    const PulsantiDialogo pulsanti = DisponiDialogo(*this, contenuto, QStringLiteral("SCEGLI"));
+    cmdSCEGLI = pulsanti.conferma;
+    cmdANNULLA = pulsanti.annulla;
 
     connect(cmdSCEGLI, &QPushButton::clicked, this, Protetto([this] { cmdSCEGLI_Click(); }));
     connect(cmdANNULLA, &QPushButton::clicked, this, Protetto([this] { reject(); }));

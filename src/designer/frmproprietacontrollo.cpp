@@ -1,6 +1,7 @@
 #include "frmproprietacontrollo.h"
 
 #include "confine.h"
+#include "disposizionedialogo.h"
 #include "elencoproprieta.h"
 #include "interazione.h"
 #include "numeri.h"
@@ -94,22 +95,12 @@ void frmProprietaControllo::CreaControlli() {
         QStringLiteral("Seleziona una proprietà dalla Lista qui a fianco per visualizzare in questa "
                        "casella la relativa spiegazione\n"));
 
-    cmdSCEGLI = new QPushButton(QStringLiteral("CONFERMA"));
-    cmdSCEGLI->setObjectName(QStringLiteral("cmdSCEGLI"));
-    cmdSCEGLI->setDefault(true);
-    cmdANNULLA = new QPushButton(QStringLiteral("Annulla"));
-    cmdANNULLA->setObjectName(QStringLiteral("cmdANNULLA"));
-
     auto* contenuto = new QHBoxLayout;
     contenuto->addWidget(LV1, 3);
     contenuto->addWidget(Text1, 2);
-    auto* bottoni = new QHBoxLayout;
-    bottoni->addStretch();
-    bottoni->addWidget(cmdSCEGLI);
-    bottoni->addWidget(cmdANNULLA);
-    auto* finestra = new QVBoxLayout(this);
-    finestra->addLayout(contenuto);
-    finestra->addLayout(bottoni);
+    const PulsantiDialogo pulsanti = DisponiDialogo(*this, contenuto, QStringLiteral("CONFERMA"));
+    cmdSCEGLI = pulsanti.conferma;
+    cmdANNULLA = pulsanti.annulla;
 
     connect(LV1, &QTreeWidget::itemClicked, this, Protetto([this](QTreeWidgetItem* riga, int) {
                 MostraDescrizione(riga);
