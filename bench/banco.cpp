@@ -39,10 +39,8 @@ MisureDimensione MisuraDimensione(qint32 record, const Opzioni& opzioni) {
     const CollezioneBench collezione = CreaCollezioneBench();
     frmRecord& finestra = ApriFinestraRecord(collezione);
     const QList<ControlloCampo> controlli = ControlliDelForm(finestra, collezione);
-    const Costruzione costruzione = CostruisciRecord(finestra, controlli, collezione, record);
-    misure.costruzioneNs = costruzione.ns;
-    misure.daSalvaNuovoRecord = costruzione.daSalvaNuovoRecord;
-    Avanza(QStringLiteral("  built in %1").arg(FormatoTempo(costruzione.ns)));
+    misure.costruzioneNs = CostruisciRecord(finestra, controlli, collezione, record);
+    Avanza(QStringLiteral("  built in %1").arg(FormatoTempo(misure.costruzioneNs)));
     Pavimento pavimento(collezione);
     Banco banco{finestra, controlli, collezione, pavimento, record};
     MisuraOperazioni(banco, opzioni, misure);

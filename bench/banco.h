@@ -9,7 +9,6 @@ struct MisureDimensione {
     qint32 record = 0;
     qint64 costruzioneNs = 0;
     // How many of the records were written by SalvaNuovoRecord; the rest by the same Recordset rows.
-    qint32 daSalvaNuovoRecord = 0;
     QList<Risultato> risultati;
     QList<Profilo> profili;
     QStringList pianoMassimo;

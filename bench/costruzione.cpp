@@ -7,7 +7,6 @@
 #include "navigazione.h"
 #include "routinesql.h"
 
-#include <QDate>
 #include <stdexcept>
 
 namespace {
@@ -18,23 +17,6 @@ void PerSalvaNuovoRecord(frmRecord& finestra, const QList<ControlloCampo>& contr
         CompilaForm(controlli, n);
         if (!SalvaNuovoRecord(finestra, idCollezione))
             throw std::runtime_error("SalvaNuovoRecord refused a record while building the store");
-    }
-}
-
-// The rows SalvaNuovoRecord writes, without its record-count query, whose cost grows with the store.
-void PerRecordset(const CollezioneBench& collezione, qint32 da, qint32 fino) {
-    const QDate oggi = QDate::currentDate();
-    Recordset rs = Database().ApriRecordset(QStringLiteral("select * from valori"));
-    for (qint32 n = da; n <= fino; ++n) {
-        for (int i = 0; i < collezione.idCampi.size(); ++i) {
-            rs.NuovoRecord();
-            rs.Imposta(QStringLiteral("id_campo"), collezione.idCampi.at(i));
-            rs.Imposta(QStringLiteral("valore"), DefinizioniCampi().at(i).valore(n));
-            rs.Imposta(QStringLiteral("data_ins"), oggi);
-            rs.Imposta(QStringLiteral("data_mod"), oggi);
-            rs.Imposta(QStringLiteral("NumeroRecord"), n);
-            rs.Salva();
-        }
     }
 }
 
@@ -61,18 +43,15 @@ frmRecord& ApriFinestraRecord(const CollezioneBench& collezione) {
     return finestra;
 }
 
-Costruzione CostruisciRecord(frmRecord& finestra, const QList<ControlloCampo>& controlli,
-                             const CollezioneBench& collezione, qint32 n) {
-    Costruzione costruzione;
-    costruzione.daSalvaNuovoRecord = std::min(n, LimiteSalvaNuovoRecord);
-    costruzione.ns = Cronometra([&] {
+qint64 CostruisciRecord(frmRecord& finestra, const QList<ControlloCampo>& controlli,
+                        const CollezioneBench& collezione, qint32 n) {
+    const qint64 ns = Cronometra([&] {
         Database().Esegui(QStringLiteral("begin"));
-        PerSalvaNuovoRecord(finestra, controlli, collezione.id, costruzione.daSalvaNuovoRecord);
-        PerRecordset(collezione, costruzione.daSalvaNuovoRecord + 1, n);
+        PerSalvaNuovoRecord(finestra, controlli, collezione.id, n);
         Database().Esegui(QStringLiteral("commit"));
         // The measurements start from a store whose journal holds nothing left over from the build.
         Database().Esegui(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
     });
     Verifica(collezione, n);
-    return costruzione;
+    return ns;
 }

@@ -49,13 +49,9 @@ void StampaCostruzione(QTextStream& out, const QList<MisureDimensione>& misure) 
            "runs in one explicit transaction (`begin`/`commit` through Esegui): it is setup, not a "
            "measured figure. Every measured operation runs in autocommit, as the program does.\n\n";
     for (const MisureDimensione& m : misure) {
-        out << "- " << m.record << " records: 1 to " << m.daSalvaNuovoRecord
-            << " through SalvaNuovoRecord on the built frmRecord";
-        if (m.daSalvaNuovoRecord < m.record)
-            out << ", " << m.daSalvaNuovoRecord + 1 << " to " << m.record
-                << " through a Recordset adding the same rows (SalvaNuovoRecord's record-count query makes a "
-                   "full build through it quadratic, see below)";
-        out << "; built in " << FormatoTempo(m.costruzioneNs) << ".\n";
+        out << "- " << m.record << " records: 1 to " << m.record
+            << " through SalvaNuovoRecord on the built frmRecord; built in " << FormatoTempo(m.costruzioneNs)
+            << ".\n";
     }
     out << '\n';
 }
