@@ -38,12 +38,6 @@ QStringList Elencati(const QListWidget& lista) {
     return nomi;
 }
 
-// A message in one line: "text | title | NIP", with the buttons, icon and default button as digits.
-QString Descrivi(const Messaggio& m) {
-    const int forma = int(m.pulsanti) * 100 + int(m.icona) * 10 + m.predefinito;
-    return m.testo + " | " + m.titolo + " | " + QString::number(forma);
-}
-
 std::function<void(QDialog&)> ScegliTipo(int indice) {
     return [indice](QDialog& finestra) {
         finestra.findChild<QRadioButton*>(QStringLiteral("Option%1").arg(indice + 1))->click();

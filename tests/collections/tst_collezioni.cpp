@@ -177,13 +177,9 @@ private Q_SLOTS:
 
         script.Rispondi(Risposta::No);
         f.form.mnuDelCollection->trigger();
-        const auto& domanda = script.Richieste().last().messaggio;
-        QCOMPARE(domanda.testo,
-                 QStringLiteral("Sicuro di voler cancellare definitivamente la collezione selezionata?"));
-        QCOMPARE(domanda.titolo, QStringLiteral("Attenzione!"));
-        QCOMPARE(domanda.pulsanti, Pulsanti::SiNoAnnulla);
-        QCOMPARE(domanda.icona, Icona::Domanda);
-        QCOMPARE(domanda.predefinito, 2);
+        QCOMPARE(Descrivi(script.Richieste().last().messaggio),
+                 Descrivi({"Sicuro di voler cancellare definitivamente la collezione selezionata?",
+                           "Attenzione!", Pulsanti::SiNoAnnulla, Icona::Domanda, 2}));
         QCOMPARE(f.form.List1->count(), 2);
 
         script.Rispondi(Risposta::Si);

@@ -58,12 +58,6 @@ struct Finestra {
     InterazioneScriptata script;
 };
 
-// A message in one line: "text | title | NIP", with the buttons, icon and default button as digits.
-QString Descrivi(const Messaggio& m) {
-    const int forma = int(m.pulsanti) * 100 + int(m.icona) * 10 + m.predefinito;
-    return m.testo + " | " + m.titolo + " | " + QString::number(forma);
-}
-
 } // namespace
 
 class TestGrigliaProprieta final : public QObject {

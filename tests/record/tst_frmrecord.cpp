@@ -124,11 +124,8 @@ private Q_SLOTS:
         script.Rispondi(Risposta::Ok);
         InserisciRecord(lista);
         VERIFICA_SCRIPT(script);
-        const Messaggio messaggio = script.Richieste().at(0).messaggio;
-        QCOMPARE(messaggio.testo, QString("Selezionare una Collezione dall'apposita Lista"));
-        QCOMPARE(messaggio.titolo, QString("Orvix"));
-        QCOMPARE(messaggio.pulsanti, Pulsanti::Ok);
-        QCOMPARE(messaggio.icona, Icona::Nessuna);
+        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                 Descrivi({"Selezionare una Collezione dall'apposita Lista", "Orvix"}));
         QVERIFY(m_area->subWindowList().isEmpty());
 
         lista.setCurrentRow(0);

@@ -214,12 +214,9 @@ private Q_SLOTS:
         Premi("del");
         QCOMPARE(ContaRecord(m_id), 5);
         Premi("del");
-        const Messaggio domanda = script.Richieste().at(0).messaggio;
-        QCOMPARE(domanda.testo, QString("Sicuro di voler eliminare il record corrente?"));
-        QCOMPARE(domanda.titolo, QString("Attenzione"));
-        QCOMPARE(domanda.pulsanti, Pulsanti::SiNoAnnulla);
-        QCOMPARE(domanda.icona, Icona::Domanda);
-        QCOMPARE(domanda.predefinito, 2);
+        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                 Descrivi({"Sicuro di voler eliminare il record corrente?", "Attenzione",
+                           Pulsanti::SiNoAnnulla, Icona::Domanda, 2}));
         QCOMPARE(Titoli(), (QStringList{"1=Disco 1", "2=Disco 2", "3=Disco 4", "4=Disco 5"}));
         QCOMPARE(ValoriDelCampo(m_campi.at(6)).size(), 4);
         QCOMPARE(ValoriDelCampo(autore).mid(2), (QStringList{"3=Autore 3", "4=Autore 4", "5=Autore 5"}));
@@ -245,11 +242,9 @@ private Q_SLOTS:
         Premi("new");
         Premi("ok");
         VERIFICA_SCRIPT(script);
-        const Messaggio errore = script.Richieste().at(0).messaggio;
-        QCOMPARE(errore.testo, QString("Valore del campo Autore non specificato!"));
-        QCOMPARE(errore.titolo, QString("Errore..."));
-        QCOMPARE(errore.icona, Icona::Critica);
-        QCOMPARE(errore.pulsanti, Pulsanti::Ok);
+        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                 Descrivi({"Valore del campo Autore non specificato!", "Errore...", Pulsanti::Ok,
+                           Icona::Critica}));
         QCOMPARE(QApplication::focusWidget(), F().Controllo("Memo1(2)"));
         QCOMPARE(C<QLineEdit>("Text1(2)").text(), QString("10"));
         QVERIFY(F().NuovoRecord);

@@ -112,3 +112,10 @@ QStringList InterazioneScriptata::Errori() const {
         errori << QStringLiteral("unused scripted %1").arg(NomeTipo(passo.tipo));
     return errori;
 }
+
+QString Descrivi(const Messaggio& messaggio) {
+    const int forma = static_cast<int>(messaggio.pulsanti) * 100 + static_cast<int>(messaggio.icona) * 10 +
+                      messaggio.predefinito;
+    return messaggio.testo + QStringLiteral(" | ") + messaggio.titolo + QStringLiteral(" | ") +
+           QString::number(forma);
+}

@@ -56,6 +56,10 @@ private:
     QStringList m_errori;
 };
 
+// A message in one line: "text | title | BID", the buttons, icon and default button as digits,
+// so that a test compares everything the user sees at once.
+QString Descrivi(const Messaggio& messaggio);
+
 #define VERIFICA_SCRIPT(script)                                                                              \
     do {                                                                                                     \
         const QStringList errori_ = (script).Errori();                                                       \
