@@ -1,6 +1,6 @@
 #include "banco.h"
 
-#include "archiviobench.h"
+#include "archiviotemporaneo.h"
 #include "costruzione.h"
 #include "frmrecord.h"
 #include "operazioni.h"
@@ -32,7 +32,7 @@ void MisuraOperazioni(Banco& banco, const Opzioni& opzioni, MisureDimensione& mi
 } // namespace
 
 MisureDimensione MisuraDimensione(qint32 record, const Opzioni& opzioni) {
-    ArchivioBench archivio;
+    ArchivioTemporaneo archivio;
     Avanza(QStringLiteral("%1 records: building the store in %2").arg(record).arg(archivio.Cartella()));
     MisureDimensione misure;
     misure.record = record;

@@ -2,6 +2,7 @@
 // Usage: vetrina OUTPUT_FOLDER   (QT_QPA_PLATFORM=offscreen works)
 #include "aprirecord.h"
 #include "archivio.h"
+#include "archiviotemporaneo.h"
 #include "form1.h"
 #include "frmmain.h"
 #include "frmproprietacontrollo.h"
@@ -9,18 +10,15 @@
 #include "frmsceglicampi.h"
 #include "grigliaproprieta.h"
 #include "iconaprogramma.h"
-#include "impostazioni.h"
 #include "listecontrolli.h"
 #include "routinesql.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QListWidget>
 #include <QLocale>
 #include <QMdiArea>
 #include <QRadioButton>
-#include <QTemporaryDir>
 #include <cstdio>
 
 namespace {
@@ -98,12 +96,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QDir uscita(QString::fromLocal8Bit(argv[1]));
-    QTemporaryDir cartella;
-    QFile::copy(QStringLiteral(ORVIX_ARCHIVIO_VUOTO), cartella.filePath(QStringLiteral("personalizza.orx")));
-    QFile::setPermissions(cartella.filePath(QStringLiteral("personalizza.orx")),
-                          QFile::ReadOwner | QFile::WriteOwner);
-    UsaFileImpostazioni(cartella.filePath(QStringLiteral("impostazioni.ini")));
-    ApriDatabase(cartella.path());
+    const ArchivioTemporaneo archivio;
     Riempi(CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("I miei vinili")));
     CreaCollezione(QStringLiteral("Francobolli"), QString());
 
