@@ -7,6 +7,7 @@
 #include "grigliaproprieta.h"
 #include "interazione.h"
 #include "routinesql.h"
+#include "transazione.h"
 
 #include <QListWidget>
 #include <QSignalBlocker>
@@ -70,6 +71,9 @@ void DaiValoreAiRecord(qint32 idCampo, qint32 numeroRecord) {
     const QString valore = Quote(
         InputBox(QStringLiteral("Specifica il Valore del nuovo Campo da assegnare ai record preesistenti:")));
     const QString oggi = DataOggi();
+    // One commit for all the rows: every record gets its value, or none does, and a large
+    // collection is not synced to disk once per record.
+    Transazione transazione(Database());
     for (qint32 r = 1; r <= numeroRecord; ++r) {
         Database().Esegui(
             QStringLiteral("insert into valori (valore,id_campo,data_ins,data_mod,numerorecord) ") +
@@ -77,6 +81,7 @@ void DaiValoreAiRecord(qint32 idCampo, qint32 numeroRecord) {
             QStringLiteral(",'") + oggi + QStringLiteral("','") + oggi + QStringLiteral("',") +
             QString::number(r) + QStringLiteral(")"));
     }
+    transazione.Conferma();
 }
 
 } // namespace

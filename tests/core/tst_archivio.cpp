@@ -4,6 +4,7 @@
 #include "erroredatabase.h"
 #include "programma.h"
 #include "routinesql.h"
+#include "transazione.h"
 
 #include <QDir>
 #include <QFile>
@@ -215,6 +216,24 @@ private Q_SLOTS:
         rs.Elimina();
         QCOMPARE(Numero(QStringLiteral("select count(*) from campi")), 0);
         QVERIFY(!ErroreDi([&] { rs.Campo(QStringLiteral("manca")); }).isEmpty());
+    }
+
+    void aTransactionStoresAllOrNothing() {
+        ArchivioTemporaneo archivio;
+        try {
+            Transazione transazione(Database());
+            CreaCollezione(QStringLiteral("Dischi"), QString());
+            CreaCollezione(QStringLiteral("L'album"), QString()); // the unquoted name breaks the statement
+            transazione.Conferma();
+        } catch (const ErroreDatabase&) {
+        }
+        QCOMPARE(Numero(QStringLiteral("select count(*) from collezioni")), 0);
+        {
+            Transazione transazione(Database());
+            CreaCollezione(QStringLiteral("Dischi"), QString());
+            transazione.Conferma();
+        }
+        QCOMPARE(Numero(QStringLiteral("select count(*) from collezioni")), 1);
     }
 
     void aggregateResultsAreReadOnly() {
