@@ -27,7 +27,9 @@ Pavimento::Pavimento(const CollezioneBench& collezione)
     , m_elimina(QStringLiteral("delete from valori where numerorecord=?2 and ") + CampiDellaCollezione())
     , m_rinumera(QStringLiteral("update valori set numerorecord=numerorecord-1 where numerorecord>?2 and ") +
                  CampiDellaCollezione())
-    , m_togli(QStringLiteral("delete from valori where numerorecord>?2 and ") + CampiDellaCollezione()) {}
+    , m_togli(QStringLiteral("delete from valori where numerorecord>?2 and ") + CampiDellaCollezione())
+    , m_inizia(QStringLiteral("begin"))
+    , m_conferma(QStringLiteral("commit")) {}
 
 qint32 Pavimento::Massimo() {
     m_massimo.Lega(1, m_collezione.id);
@@ -57,18 +59,23 @@ void Pavimento::PreparaValori(qint32 n) {
         m_valori << campo.valore(n).toUtf8();
 }
 
+// Like the program, a record's rows and a delete's two statements commit together.
 void Pavimento::Inserisci(qint32 n) {
+    m_inizia.Esegui();
     for (qsizetype i = 0; i < m_valori.size(); ++i)
         m_inserisci.Lega(1, m_collezione.idCampi.at(i))
             .Lega(2, m_valori.at(i))
             .Lega(3, m_oggi)
             .Lega(4, n)
             .Esegui();
+    m_conferma.Esegui();
 }
 
 void Pavimento::Elimina(qint32 k) {
+    m_inizia.Esegui();
     m_elimina.Lega(1, m_collezione.id).Lega(2, k).Esegui();
     m_rinumera.Lega(1, m_collezione.id).Lega(2, k).Esegui();
+    m_conferma.Esegui();
 }
 
 void Pavimento::TogliOltre(qint32 n) {

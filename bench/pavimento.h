@@ -34,6 +34,8 @@ private:
     Istruzione m_elimina;
     Istruzione m_rinumera;
     Istruzione m_togli;
+    Istruzione m_inizia;
+    Istruzione m_conferma;
 };
 
 // The text of the floor's maximum query, for its query plan.

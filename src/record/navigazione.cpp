@@ -4,6 +4,7 @@
 #include "finestracontrolli.h"
 #include "formule.h"
 #include "mappacampi.h"
+#include "transazione.h"
 
 #include <QHash>
 #include <QStringList>
@@ -83,8 +84,11 @@ void PulisciControlli(FinestraControlli& finestra) {
 }
 
 void EliminaRecord(qint32 idCollezione, qint32 n) {
+    // Both or neither: a delete without its renumbering would leave a gap in the numbers.
+    Transazione transazione(Database());
     Database().Esegui(QStringLiteral("delete from valori where numerorecord=") + QString::number(n) +
                       CampiDellaCollezione(idCollezione));
     Database().Esegui(QStringLiteral("update valori set numerorecord=numerorecord-1 where numerorecord>") +
                       QString::number(n) + CampiDellaCollezione(idCollezione));
+    transazione.Conferma();
 }

@@ -7,6 +7,7 @@
 #include "mappacampi.h"
 #include "numeri.h"
 #include "routinesql.h"
+#include "transazione.h"
 
 namespace {
 
@@ -61,6 +62,8 @@ bool ControllaRecord(FinestraControlli& finestra, qint32 idCollezione) {
 bool SalvaNuovoRecord(FinestraControlli& finestra, qint32 idCollezione) {
     const qint32 numero = ContaRecord(idCollezione) + 1;
     const QString oggi = DataOggi();
+    // A record is stored whole or not at all, and with one sync instead of one per field.
+    Transazione transazione(Database());
     Recordset valori = Database().ApriRecordset(QStringLiteral("select * from valori"));
     for (const QWidget* controllo : finestra.ControlliCampo()) {
         const qint32 idCampo = IdCampo(idCollezione, ChiaveControllo(*controllo));
@@ -75,16 +78,19 @@ bool SalvaNuovoRecord(FinestraControlli& finestra, qint32 idCollezione) {
         valori.Salva();
     }
     valori.Chiudi();
+    transazione.Conferma();
     return true;
 }
 
 bool SalvaRecord(FinestraControlli& finestra, qint32 idCollezione, qint32 n) {
     try {
+        Transazione transazione(Database());
         for (const QWidget* controllo : finestra.ControlliCampo()) {
             const qint32 idCampo = IdCampo(idCollezione, ChiaveControllo(*controllo));
             if (idCampo > 0)
                 ScriviValore(*controllo, idCampo, n);
         }
+        transazione.Conferma();
     } catch (const ErroreDatabase& errore) {
         return ModificaFallita(errore.messaggio());
     } catch (const std::exception& errore) {

@@ -229,11 +229,16 @@ private Q_SLOTS:
         }
         QCOMPARE(Numero(QStringLiteral("select count(*) from collezioni")), 0);
         {
-            Transazione transazione(Database());
+            Transazione esterna(Database());
             CreaCollezione(QStringLiteral("Dischi"), QString());
-            transazione.Conferma();
+            {
+                Transazione interna(Database());
+                CreaCollezione(QStringLiteral("Film"), QString());
+            }
+            esterna.Conferma();
         }
         QCOMPARE(Numero(QStringLiteral("select count(*) from collezioni")), 1);
+        QCOMPARE(ElencoCollezioni().at(0).nome, QStringLiteral("Dischi"));
     }
 
     void aggregateResultsAreReadOnly() {
