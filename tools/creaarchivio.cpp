@@ -1,5 +1,6 @@
 // Makes the empty, keyed collection store that ships beside the program.
 // Usage: creaarchivio SCHEMA.sql OUTPUT.orx
+#include "confrontotesto.h"
 #include "programma.h"
 
 #include <QFile>
@@ -32,6 +33,8 @@ int main(int argc, char** argv) {
     sqlite3* db = nullptr;
     if (sqlite3_open_v2(argv[2], &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) != SQLITE_OK)
         return Fallisci(db, "open");
+    // The store's NOCASE is the program's own, so the file is made under the collation it is used with.
+    InstallaConfronti(db);
     const QByteArray chiave = Programma::PasswordArchivio().toUtf8();
     if (sqlite3_key(db, chiave.constData(), static_cast<int>(chiave.size())) != SQLITE_OK)
         return Fallisci(db, "key");

@@ -1,10 +1,13 @@
 #include "connessione.h"
 
+#include "confrontotesto.h"
 #include "erroredatabase.h"
 #include "formasql.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <sqlcipher/sqlite3.h>
+#include <string>
 
 namespace {
 
@@ -44,6 +47,7 @@ Connessione::~Connessione() {
 
 void Connessione::Apri(const QString& percorso, const QString& password) {
     Chiudi();
+    VerificaScrivibile(percorso);
     const QByteArray nome = percorso.toUtf8();
     if (sqlite3_open_v2(nome.constData(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
         const QString testo =
@@ -51,18 +55,54 @@ void Connessione::Apri(const QString& percorso, const QString& password) {
         Chiudi();
         throw ErroreDatabase(testo + QStringLiteral(": ") + percorso);
     }
+    InstallaConfronti(m_db);
     const QByteArray chiave = password.toUtf8();
     sqlite3_key(m_db, chiave.constData(), static_cast<int>(chiave.size()));
     try {
-        // The first read proves the key; a wrong one answers "file is encrypted or is not a database".
-        Esegui(QStringLiteral("select count(*) from sqlite_master"));
-        Esegui(QStringLiteral("PRAGMA journal_mode=WAL"));
-        Esegui(QStringLiteral("PRAGMA synchronous=FULL"));
-    } catch (const ErroreDatabase&) {
+        VerificaArchivio();
+        EseguiImpostazione("PRAGMA journal_mode=WAL");
+        EseguiImpostazione("PRAGMA synchronous=FULL");
+        EseguiImpostazione(("PRAGMA cache_size=" + std::to_string(-CacheKiB)).c_str());
+    } catch (const ErroreDatabase& errore) {
         Chiudi();
-        throw;
+        throw ErroreDatabase(errore.messaggio() + QStringLiteral(": ") + percorso);
     }
     sqlite3_busy_timeout(m_db, 2000);
+}
+
+// The engine would open a store it cannot write read-only, without a word, and leave journal
+// files beside it; every later save would fail.
+void Connessione::VerificaScrivibile(const QString& percorso) {
+    const QFileInfo file(percorso);
+    if (!file.exists())
+        return; // the engine's own "unable to open" says it
+    if (!file.isWritable())
+        throw ErroreDatabase(QStringLiteral("l'archivio è in sola lettura: ") + percorso);
+    if (!QFileInfo(file.absolutePath()).isWritable())
+        throw ErroreDatabase(QStringLiteral("la cartella dell'archivio è in sola lettura: ") + percorso);
+}
+
+// Nothing may be written to a file before it has proved to be a store: an empty file would
+// otherwise become an empty database.
+void Connessione::VerificaArchivio() {
+    // The first read proves the key; a wrong one answers "file is encrypted or is not a database".
+    Recordset tabelle = ApriRecordset(QStringLiteral(
+        "select count(*) from sqlite_master where type='table' and name in ('collezioni','campi','valori')"));
+    if (tabelle.Campo(0).toInt() != 3)
+        throw ErroreDatabase(QStringLiteral("il file non contiene un archivio delle collezioni"));
+    tabelle.Chiudi();
+    if (sqlite3_db_readonly(m_db, "main") == 1)
+        throw ErroreDatabase(QStringLiteral("l'archivio è in sola lettura"));
+    // Taking the write lock proves that the file and its journal can be written and are not locked.
+    EseguiImpostazione("BEGIN IMMEDIATE");
+    EseguiImpostazione("ROLLBACK");
+}
+
+// Settings and transaction control run as written: the statement cache would lift their numbers
+// into parameters, which a pragma does not take.
+void Connessione::EseguiImpostazione(const char* sql) {
+    if (sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+        Fallisci();
 }
 
 void Connessione::Chiudi() {

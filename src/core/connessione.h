@@ -24,7 +24,8 @@ public:
     Connessione(const Connessione&) = delete;
     Connessione& operator=(const Connessione&) = delete;
 
-    // Opens an existing store read-write; never creates one. A missing file or a wrong key fails.
+    // Opens an existing store read-write; never creates one. A missing, empty or foreign file, a
+    // wrong key, and a store that cannot be written all fail, and leave the file as it was.
     void Apri(const QString& percorso, const QString& password);
     void Chiudi();
     bool Aperta() const { return m_db != nullptr; }
@@ -41,7 +42,13 @@ public:
     // The result columns of a prepared statement, past the first `nascoste`.
     std::shared_ptr<const Colonne> ColonneDi(sqlite3_stmt* stmt, int nascoste);
 
+    // The page cache: the working set of a large collection's record loads stays decrypted in it.
+    static constexpr int CacheKiB = 64 * 1024;
+
 private:
+    static void VerificaScrivibile(const QString& percorso);
+    void VerificaArchivio();
+    void EseguiImpostazione(const char* sql);
     sqlite3_stmt* PreparaUnica(const QString& sql);
     // How a SELECT of a given shape is read: over which table it can write back, and the text
     // actually prepared (with the rowid when it can).

@@ -93,3 +93,18 @@ bool CBoolTesto(const QString& testo, bool* ok) {
     impostaEsito(ok, numerico);
     return numerico && valore != 0.0;
 }
+
+bool MisuraAmmessa(const QString& testo) {
+    QString cifre = testo.trimmed();
+    if (cifre.isEmpty())
+        return false;
+    while (cifre.size() > 1 && cifre.startsWith(u'0'))
+        cifre.remove(0, 1);
+    if (cifre.size() > 5)
+        return false;
+    for (const QChar c : cifre) {
+        if (c < u'0' || c > u'9')
+            return false;
+    }
+    return cifre.toUInt() <= 32767;
+}

@@ -1,6 +1,8 @@
--- The collection store. Text compares without regard to case, auto-numbers are never
--- reused, and typed columns refuse text that does not convert, so the data stays typed.
+-- The collection store. Text compares without regard to case (NOCASE is the program's own
+-- collation, which folds every letter, not only ASCII), auto-numbers are never reused, and typed
+-- columns refuse text that does not convert, so the data stays typed: never a real or an infinity.
 -- The checks look at the value as given: the column's affinity turns accepted text into a number.
+-- Positions and sizes are whole pixels from 0 to 32767, what a window can place.
 
 CREATE TABLE collezioni (
     id             INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -14,31 +16,37 @@ CREATE TABLE campi (
     id            INTEGER PRIMARY KEY AUTOINCREMENT,
     id_collezione INTEGER
         CONSTRAINT "id_collezione deve essere un numero intero" CHECK (id_collezione IS NULL OR typeof(id_collezione) = 'integer'
-            OR (trim(id_collezione) <> '' AND trim(id_collezione) NOT GLOB '*[^0-9]*')
-            OR (trim(id_collezione) GLOB '[+-][0-9]*' AND substr(trim(id_collezione), 2) NOT GLOB '*[^0-9]*')),
+            OR (trim(id_collezione) <> '' AND trim(id_collezione) NOT GLOB '*[^0-9]*' AND length(ltrim(trim(id_collezione), '0')) <= 18)
+            OR (trim(id_collezione) GLOB '[+-][0-9]*' AND substr(trim(id_collezione), 2) NOT GLOB '*[^0-9]*'
+                AND length(ltrim(substr(trim(id_collezione), 2), '0')) <= 18)),
     nome          TEXT COLLATE NOCASE,
     etichetta     TEXT COLLATE NOCASE,
     tipo          TEXT COLLATE NOCASE,
     "left"        INTEGER
-        CONSTRAINT "left deve essere un numero intero" CHECK ("left" IS NULL OR typeof("left") = 'integer'
-            OR (trim("left") <> '' AND trim("left") NOT GLOB '*[^0-9]*')
-            OR (trim("left") GLOB '[+-][0-9]*' AND substr(trim("left"), 2) NOT GLOB '*[^0-9]*')),
+        CONSTRAINT "left deve essere un numero intero da 0 a 32767" CHECK ("left" IS NULL
+            OR (typeof("left") = 'integer' AND "left" BETWEEN 0 AND 32767)
+            OR (typeof("left") = 'text' AND trim("left") <> '' AND trim("left") NOT GLOB '*[^0-9]*'
+                AND length(ltrim(trim("left"), '0')) <= 5 AND CAST(trim("left") AS INTEGER) <= 32767)),
     top           INTEGER
-        CONSTRAINT "top deve essere un numero intero" CHECK (top IS NULL OR typeof(top) = 'integer'
-            OR (trim(top) <> '' AND trim(top) NOT GLOB '*[^0-9]*')
-            OR (trim(top) GLOB '[+-][0-9]*' AND substr(trim(top), 2) NOT GLOB '*[^0-9]*')),
+        CONSTRAINT "top deve essere un numero intero da 0 a 32767" CHECK (top IS NULL
+            OR (typeof(top) = 'integer' AND top BETWEEN 0 AND 32767)
+            OR (typeof(top) = 'text' AND trim(top) <> '' AND trim(top) NOT GLOB '*[^0-9]*'
+                AND length(ltrim(trim(top), '0')) <= 5 AND CAST(trim(top) AS INTEGER) <= 32767)),
     width         INTEGER
-        CONSTRAINT "width deve essere un numero intero" CHECK (width IS NULL OR typeof(width) = 'integer'
-            OR (trim(width) <> '' AND trim(width) NOT GLOB '*[^0-9]*')
-            OR (trim(width) GLOB '[+-][0-9]*' AND substr(trim(width), 2) NOT GLOB '*[^0-9]*')),
+        CONSTRAINT "width deve essere un numero intero da 0 a 32767" CHECK (width IS NULL
+            OR (typeof(width) = 'integer' AND width BETWEEN 0 AND 32767)
+            OR (typeof(width) = 'text' AND trim(width) <> '' AND trim(width) NOT GLOB '*[^0-9]*'
+                AND length(ltrim(trim(width), '0')) <= 5 AND CAST(trim(width) AS INTEGER) <= 32767)),
     height        INTEGER
-        CONSTRAINT "height deve essere un numero intero" CHECK (height IS NULL OR typeof(height) = 'integer'
-            OR (trim(height) <> '' AND trim(height) NOT GLOB '*[^0-9]*')
-            OR (trim(height) GLOB '[+-][0-9]*' AND substr(trim(height), 2) NOT GLOB '*[^0-9]*')),
+        CONSTRAINT "height deve essere un numero intero da 0 a 32767" CHECK (height IS NULL
+            OR (typeof(height) = 'integer' AND height BETWEEN 0 AND 32767)
+            OR (typeof(height) = 'text' AND trim(height) <> '' AND trim(height) NOT GLOB '*[^0-9]*'
+                AND length(ltrim(trim(height), '0')) <= 5 AND CAST(trim(height) AS INTEGER) <= 32767)),
     tabindex      INTEGER
-        CONSTRAINT "tabindex deve essere un numero intero" CHECK (tabindex IS NULL OR typeof(tabindex) = 'integer'
-            OR (trim(tabindex) <> '' AND trim(tabindex) NOT GLOB '*[^0-9]*')
-            OR (trim(tabindex) GLOB '[+-][0-9]*' AND substr(trim(tabindex), 2) NOT GLOB '*[^0-9]*')),
+        CONSTRAINT "tabindex deve essere un numero intero da 0 a 32767" CHECK (tabindex IS NULL
+            OR (typeof(tabindex) = 'integer' AND tabindex BETWEEN 0 AND 32767)
+            OR (typeof(tabindex) = 'text' AND trim(tabindex) <> '' AND trim(tabindex) NOT GLOB '*[^0-9]*'
+                AND length(ltrim(trim(tabindex), '0')) <= 5 AND CAST(trim(tabindex) AS INTEGER) <= 32767)),
     tooltip       TEXT COLLATE NOCASE,
     formula       TEXT COLLATE NOCASE,
     "default"     TEXT COLLATE NOCASE,
@@ -54,8 +62,9 @@ CREATE TABLE campi (
 CREATE TABLE valori (
     id_campo     INTEGER
         CONSTRAINT "id_campo deve essere un numero intero" CHECK (id_campo IS NULL OR typeof(id_campo) = 'integer'
-            OR (trim(id_campo) <> '' AND trim(id_campo) NOT GLOB '*[^0-9]*')
-            OR (trim(id_campo) GLOB '[+-][0-9]*' AND substr(trim(id_campo), 2) NOT GLOB '*[^0-9]*')),
+            OR (trim(id_campo) <> '' AND trim(id_campo) NOT GLOB '*[^0-9]*' AND length(ltrim(trim(id_campo), '0')) <= 18)
+            OR (trim(id_campo) GLOB '[+-][0-9]*' AND substr(trim(id_campo), 2) NOT GLOB '*[^0-9]*'
+                AND length(ltrim(substr(trim(id_campo), 2), '0')) <= 18)),
     valore       TEXT COLLATE NOCASE,
     data_ins     TEXT COLLATE NOCASE
         CONSTRAINT "data_ins deve essere una data" CHECK (data_ins IS NULL OR date(data_ins) IS data_ins),
@@ -63,8 +72,9 @@ CREATE TABLE valori (
         CONSTRAINT "data_mod deve essere una data" CHECK (data_mod IS NULL OR date(data_mod) IS data_mod),
     numerorecord INTEGER
         CONSTRAINT "numerorecord deve essere un numero intero" CHECK (numerorecord IS NULL OR typeof(numerorecord) = 'integer'
-            OR (trim(numerorecord) <> '' AND trim(numerorecord) NOT GLOB '*[^0-9]*')
-            OR (trim(numerorecord) GLOB '[+-][0-9]*' AND substr(trim(numerorecord), 2) NOT GLOB '*[^0-9]*'))
+            OR (trim(numerorecord) <> '' AND trim(numerorecord) NOT GLOB '*[^0-9]*' AND length(ltrim(trim(numerorecord), '0')) <= 18)
+            OR (trim(numerorecord) GLOB '[+-][0-9]*' AND substr(trim(numerorecord), 2) NOT GLOB '*[^0-9]*'
+                AND length(ltrim(substr(trim(numerorecord), 2), '0')) <= 18))
 );
 
 CREATE INDEX valori_campo_record ON valori (id_campo, numerorecord);

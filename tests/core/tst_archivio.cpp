@@ -71,6 +71,30 @@ private Q_SLOTS:
         QVERIFY(!Database().Aperta());
     }
 
+    // A file that is not a store is refused before anything is written to it.
+    void badFilesFailTheOpenAndStayByteIdentical_data() {
+        QTest::addColumn<QByteArray>("contenuto");
+        QTest::addColumn<QString>("errore");
+        QTest::newRow("zero bytes") << QByteArray() << QStringLiteral("non contiene un archivio");
+        QTest::newRow("random bytes") << QByteArray(4096, '\x5a') << QStringLiteral("not a database");
+        QTest::newRow("plain text") << QByteArray("nome;valore\r\n") << QStringLiteral("not a database");
+    }
+    void badFilesFailTheOpenAndStayByteIdentical() {
+        QFETCH(QByteArray, contenuto);
+        QFETCH(QString, errore);
+        QTemporaryDir cartella;
+        QFile file(cartella.filePath(Programma::NomeArchivio()));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(contenuto);
+        file.close();
+        const QString ricevuto = ErroreDi([&] { ApriDatabase(cartella.path()); });
+        QVERIFY2(ricevuto.contains(errore), qPrintable(ricevuto));
+        QVERIFY(!Database().Aperta());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), contenuto);
+        QCOMPARE(QDir(cartella.path()).entryList(QDir::Files), QStringList({Programma::NomeArchivio()}));
+    }
+
     void appPathEndsWithOneSeparator() {
         const QString sep = QDir::separator();
         QCOMPARE(ConSeparatoreFinale(QStringLiteral("/opt/orvix")),
@@ -167,6 +191,55 @@ private Q_SLOTS:
         QCOMPARE(Numero(QStringLiteral("select count(*) from campi")), 5);
     }
 
+    // Positions and sizes are whole pixels a window can place; other integers fit 64 bits. Nothing
+    // typed ever turns into a real or an infinity.
+    void integerColumnsHoldOnlyWholeNumbersInRange_data() {
+        QTest::addColumn<QString>("colonna");
+        QTest::addColumn<QString>("valore");
+        QTest::addColumn<bool>("accettato");
+        QTest::newRow("width 32767") << "width"
+                                     << "'32767'" << true;
+        QTest::newRow("width blanks around") << "width"
+                                             << "' 0 '" << true;
+        QTest::newRow("width 32768") << "width"
+                                     << "32768" << false;
+        QTest::newRow("width twenty digits") << "width"
+                                             << "'99999999999999999999'" << false;
+        QTest::newRow("width decimal comma") << "width"
+                                             << "'1,5'" << false;
+        QTest::newRow("width thousands") << "width"
+                                         << "'1.000'" << false;
+        QTest::newRow("width real") << "width"
+                                    << "12.0" << false;
+        QTest::newRow("left negative") << "\"left\""
+                                       << "'-1'" << false;
+        QTest::newRow("tabindex empty") << "tabindex"
+                                        << "''" << false;
+        QTest::newRow("height 10240 digits") << "height"
+                                             << "'" + QString(10240, u'9') + "'" << false;
+        QTest::newRow("record number twenty digits") << "numerorecord"
+                                                     << "'99999999999999999999'" << false;
+        QTest::newRow("record number negative") << "numerorecord"
+                                                << "'-5'" << true;
+    }
+    void integerColumnsHoldOnlyWholeNumbersInRange() {
+        QFETCH(QString, colonna);
+        QFETCH(QString, valore);
+        QFETCH(bool, accettato);
+        ArchivioTemporaneo archivio;
+        const QString tabella =
+            colonna == "numerorecord" ? QStringLiteral("valori") : QStringLiteral("campi");
+        const QString errore = ErroreDi([&] {
+            Database().Esegui(
+                QStringLiteral("insert into %1 (%2) values (%3)").arg(tabella, colonna, valore));
+        });
+        QCOMPARE(errore.isEmpty(), accettato);
+        QCOMPARE(
+            Numero(
+                QStringLiteral("select count(*) from %1 where typeof(%2)<>'integer'").arg(tabella, colonna)),
+            0);
+    }
+
     void onlyOneStatementRuns() {
         ArchivioTemporaneo archivio;
         CreaCollezione(QStringLiteral("Dischi"), QString());
@@ -178,6 +251,12 @@ private Q_SLOTS:
         QCOMPARE(Numero(QStringLiteral("select count(*) from collezioni")), 1);
         Database().Esegui(QStringLiteral("delete from collezioni where nome='x';  -- nothing follows"));
         QVERIFY(!ErroreDi([] { Database().ApriRecordset(QStringLiteral("select 1; select 2")); }).isEmpty());
+        // A comment ends at its line break: what follows it is a second statement.
+        QVERIFY(!ErroreDi([] {
+                     Database().Esegui(QStringLiteral(
+                         "insert into collezioni (nome) values ('y'); -- a note\ndelete from collezioni"));
+                 }).isEmpty());
+        QCOMPARE(Numero(QStringLiteral("select count(*) from collezioni")), 1);
     }
 
     void recordCountIsTheLargestRecordNumber() {

@@ -1,3 +1,4 @@
+#include "localeprogramma.h"
 #include "numeri.h"
 
 #include <QLocale>
@@ -139,6 +140,33 @@ private Q_SLOTS:
         QCOMPARE(CDbl(u"1,000.5"_s), 1000.5);
         QVERIFY(!IsNumeric(u"12,5"_s));
         QCOMPARE(Val(u"3,5"_s), 3.0);
+    }
+
+    void misureAmmesse_data() {
+        QTest::addColumn<QString>("testo");
+        QTest::addColumn<bool>("ammessa");
+        for (const char* si : {"0", "20", " 32767 ", "00012"})
+            QTest::newRow(si) << QString::fromLatin1(si) << true;
+        for (const char* no :
+             {"", "32768", "-1", "+5", "1,5", "1.000", "12.5", "1e3", "99999999999999999999", "abc"})
+            QTest::newRow(no) << QString::fromLatin1(no) << false;
+    }
+    void misureAmmesse() {
+        QFETCH(QString, testo);
+        QFETCH(bool, ammessa);
+        QCOMPARE(MisuraAmmessa(testo), ammessa);
+    }
+
+    // Without a locale of its own the machine gets the interface's Italian formats; any real
+    // locale is the user's choice and is kept.
+    void localeDelProgramma() {
+        QCOMPARE(LocaleProgramma(QLocale::c()).name(), u"it_IT"_s);
+        QCOMPARE(LocaleProgramma(QLocale(u"C.UTF-8"_s)).name(), u"it_IT"_s);
+        QCOMPARE(LocaleProgramma(QLocale(u"POSIX"_s)).name(), u"it_IT"_s);
+        QCOMPARE(LocaleProgramma(QLocale(QLocale::German, QLocale::Switzerland)).name(), u"de_CH"_s);
+        QLocale::setDefault(LocaleProgramma(QLocale::c()));
+        QCOMPARE(CDbl(u"12,50"_s), 12.5);
+        QCOMPARE(NumeroInTesto(12.5), u"12,5"_s);
     }
 };
 
