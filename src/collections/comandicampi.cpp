@@ -12,6 +12,7 @@
 #include <QListWidget>
 #include <QSignalBlocker>
 #include <QTreeWidget>
+#include <memory>
 
 namespace {
 
@@ -41,39 +42,18 @@ QString SalvaCampo(const frmProprietaControllo& proprieta, const QString& tipo, 
 }
 
 // The new field's id is looked up by name alone, in every collection: the first match wins.
-qint32 ElencaNuovoCampo(QListWidget& lista, const QString& nome) {
+QListWidgetItem* ElencaNuovoCampo(QListWidget& lista, const QString& nome) {
     Recordset rs = Database().ApriRecordset(QStringLiteral("select id,nome from campi where nome='") + nome +
                                             QStringLiteral("'"));
-    const qint32 id = static_cast<qint32>(rs.Campo(QStringLiteral("id")).toLongLong());
     auto* elemento = new QListWidgetItem(rs.Testo(QStringLiteral("nome")), &lista);
-    elemento->setData(Qt::UserRole, id);
-    return id;
-}
-
-// Chooser and properties dialog; false when the user cancelled either. On success the field row is
-// stored, listed, and its id returned through idCampo.
-bool DefinisciCampo(Form1& form, qint32& idCampo) {
-    FrmScegliCampi scegli(&form);
-    MostraModale(scegli);
-    const QString tipo = scegli.Risultato();
-    if (tipo.isEmpty())
-        return false;
-    frmProprietaControllo proprieta(tipo, NomiElencati(*form.List2), &form);
-    MostraModale(proprieta);
-    if (!proprieta.Confermato)
-        return false;
-    const QString nome = SalvaCampo(proprieta, tipo, form.IdCollezioneCorrente());
-    idCampo = ElencaNuovoCampo(*form.List2, nome);
-    return true;
+    elemento->setData(Qt::UserRole, static_cast<qint32>(rs.Campo(QStringLiteral("id")).toLongLong()));
+    return elemento;
 }
 
 void DaiValoreAiRecord(qint32 idCampo, qint32 numeroRecord) {
     const QString valore = Quote(
         InputBox(QStringLiteral("Specifica il Valore del nuovo Campo da assegnare ai record preesistenti:")));
     const QString oggi = DataOggi();
-    // One commit for all the rows: every record gets its value, or none does, and a large
-    // collection is not synced to disk once per record.
-    Transazione transazione(Database());
     for (qint32 r = 1; r <= numeroRecord; ++r) {
         Database().Esegui(
             QStringLiteral("insert into valori (valore,id_campo,data_ins,data_mod,numerorecord) ") +
@@ -81,7 +61,22 @@ void DaiValoreAiRecord(qint32 idCampo, qint32 numeroRecord) {
             QStringLiteral(",'") + oggi + QStringLiteral("','") + oggi + QStringLiteral("',") +
             QString::number(r) + QStringLiteral(")"));
     }
+}
+
+// The field row and the values of the existing records stand or fall together, the value prompt
+// included: a failure or a kill anywhere between them leaves no field row, and a field without
+// values would silently never save what is typed into it. Answers whether the collection has
+// no records yet.
+bool RegistraCampo(Form1& form, const frmProprietaControllo& proprieta, const QString& tipo) {
+    Transazione transazione(Database());
+    const QString nome = SalvaCampo(proprieta, tipo, form.IdCollezioneCorrente());
+    std::unique_ptr<QListWidgetItem> elencato(ElencaNuovoCampo(*form.List2, nome));
+    const qint32 numeroRecord = ContaRecord(form.IdCollezioneCorrente());
+    if (numeroRecord >= 1)
+        DaiValoreAiRecord(elencato->data(Qt::UserRole).toInt(), numeroRecord);
     transazione.Conferma();
+    elencato.release(); // the list keeps it
+    return numeroRecord < 1;
 }
 
 } // namespace
@@ -93,14 +88,15 @@ void CreaNuovoCampo(Form1& form) {
             MsgBox(QStringLiteral("Nessuna Collezione Selezionata!"));
             return;
         }
-        qint32 idCampo = -1;
-        if (!DefinisciCampo(form, idCampo))
+        FrmScegliCampi scegli(&form);
+        MostraModale(scegli);
+        const QString tipo = scegli.Risultato();
+        if (tipo.isEmpty())
             return;
-        const qint32 numeroRecord = ContaRecord(form.IdCollezioneCorrente());
-        if (numeroRecord >= 1) {
-            DaiValoreAiRecord(idCampo, numeroRecord);
+        frmProprietaControllo proprieta(tipo, NomiElencati(*form.List2), &form);
+        MostraModale(proprieta);
+        if (!proprieta.Confermato || !RegistraCampo(form, proprieta, tipo))
             return;
-        }
         if (MsgBox(QStringLiteral("Si desidera inserire un altro Campo alla propria Collezione?"),
                    Pulsanti::SiNo, Icona::Domanda, QStringLiteral("Aggiungere altro campo?")) != Risposta::Si)
             return;

@@ -8,6 +8,7 @@
 #include "frmsceglicampi.h"
 #include "grigliaproprieta.h"
 #include "listecontrolli.h"
+#include "programma.h"
 #include "routinesql.h"
 
 #include <QAction>
@@ -16,6 +17,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
+#include <sqlcipher/sqlite3.h>
 
 namespace {
 
@@ -53,6 +55,21 @@ std::function<void(QDialog&)> Conferma(const QList<QPair<QString, QString>>& val
             dialogo.FineModifica(dialogo.LV1->findItems(proprieta, Qt::MatchExactly, 1).constFirst(), valore);
         dialogo.cmdSCEGLI->click();
     };
+}
+
+// What another reader of the file sees: only what has been committed.
+QString ContaDaFuori(const QString& percorso, const char* sql) {
+    sqlite3* db = nullptr;
+    sqlite3_open_v2(percorso.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+    const QByteArray chiave = Programma::PasswordArchivio().toUtf8();
+    sqlite3_key(db, chiave.constData(), static_cast<int>(chiave.size()));
+    sqlite3_stmt* stmt = nullptr;
+    sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr);
+    const QString risposta = sqlite3_step(stmt) == SQLITE_ROW ? QString::number(sqlite3_column_int(stmt, 0))
+                                                              : QString::fromUtf8(sqlite3_errmsg(db));
+    sqlite3_finalize(stmt);
+    sqlite3_close(db);
+    return risposta;
 }
 
 const auto Annulla = [](QDialog& finestra) { finestra.findChild<QPushButton*>("cmdANNULLA")->click(); };
@@ -235,8 +252,9 @@ private Q_SLOTS:
 
     void failuresReachTheUserAndStoreNothing() {
         Finestra f;
-        // The numeric test accepts the user's decimals; the integer column does not.
-        f.script.Modale(ScegliTipo(0)).Modale(Conferma({{"Width", "12,5"}})).Rispondi(Risposta::Ok);
+        // The name is spliced into the look-up of the new row: the quote breaks it, and the row
+        // written just before goes with it.
+        f.script.Modale(ScegliTipo(0)).Modale(Conferma({{"Nome", "L'isola"}})).Rispondi(Risposta::Ok);
         f.form.mnuNewCampo->trigger();
         // Too many listed fields overflow the defaults: the properties dialog never opens.
         for (int i = 0; i < 1635; ++i)
@@ -245,13 +263,42 @@ private Q_SLOTS:
         f.form.mnuNewCampo->trigger();
         VERIFICA_SCRIPT(f.script);
         const Messaggio& rifiuto = f.script.Richieste().at(2).messaggio;
-        QVERIFY2(rifiuto.icona == Icona::Critica &&
-                     rifiuto.testo.contains("width deve essere un numero intero"),
+        QVERIFY2(rifiuto.icona == Icona::Critica && rifiuto.testo.contains("syntax error"),
                  qPrintable(rifiuto.testo));
         QCOMPARE(Descrivi(f.script.Richieste().at(4).messaggio),
                  Descrivi({"Overflow", "Orvix", Pulsanti::Ok, Icona::Critica}));
         QCOMPARE(Valori("select count(*) from campi") + "|" + QString::number(f.form.List2->count()),
                  QStringLiteral("0|1635"));
+    }
+
+    // The field row and the values of the existing records are one write: until the last value is
+    // stored nobody sees the field, and a failure on the way leaves no field at all.
+    void addingAFieldToRecordsIsAllOrNothing() {
+        Finestra f;
+        const qint32 titolo = f.NuovoCampo("Titolo");
+        for (int r = 1; r <= 3; ++r)
+            ScriviValore(titolo, r, QStringLiteral("t%1").arg(r));
+        QString vistoDaAltri;
+        f.script.Modale(ScegliTipo(0)).Modale(Conferma({{"Nome", "Anno"}})).Digita("1999", [&] {
+            vistoDaAltri = ContaDaFuori(f.archivio.PercorsoArchivio(), "select count(*) from campi");
+        });
+        f.form.mnuNewCampo->trigger();
+        QCOMPARE(vistoDaAltri, QStringLiteral("1"));
+        QCOMPARE(Valori("select count(*) from valori where valore='1999'"), QStringLiteral("3"));
+
+        // The third value fails: neither the field row nor the first two values stay.
+        Database().Esegui("create trigger guasto before insert on valori when new.numerorecord in (3) "
+                          "begin select raise(abort, 'disco pieno'); end");
+        f.script.Modale(ScegliTipo(0))
+            .Modale(Conferma({{"Nome", "Prezzo"}}))
+            .Digita("10")
+            .Rispondi(Risposta::Ok);
+        f.form.mnuNewCampo->trigger();
+        VERIFICA_SCRIPT(f.script);
+        QVERIFY(f.script.TestiMessaggi().constLast().contains("disco pieno"));
+        QCOMPARE(Valori("select nome from campi order by id"), QStringLiteral("Titolo / Anno"));
+        QCOMPARE(Valori("select count(*) from valori where valore='10'"), QStringLiteral("0"));
+        QCOMPARE(Elencati(*f.form.List2), QStringList({"Titolo", "Anno"}));
     }
 
     void deletingAFieldKeepsItsValues() {
