@@ -3,6 +3,7 @@
 #include "confine.h"
 
 #include <QLineEdit>
+#include <limits>
 
 DelegatoValore::DelegatoValore(FineModifica fineModifica, QObject* parent)
     : QStyledItemDelegate(parent)
@@ -13,7 +14,11 @@ QWidget* DelegatoValore::createEditor(QWidget* parent, const QStyleOptionViewIte
     // Only the value is editable; the property name is not.
     if (index.column() != 0)
         return nullptr;
-    return QStyledItemDelegate::createEditor(parent, option, index);
+    QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+    // A long formula or list of items is edited whole: nothing is cut.
+    if (auto* campo = qobject_cast<QLineEdit*>(editor))
+        campo->setMaxLength(std::numeric_limits<int>::max());
+    return editor;
 }
 
 void DelegatoValore::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {

@@ -4,9 +4,11 @@
 #include <QDesktopServices>
 #include <QDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
+#include <limits>
 
 namespace {
 
@@ -82,6 +84,9 @@ QString InterazioneReale::InputBox(const QString& prompt, const QString& titolo,
     dialogo.setWindowTitle(titolo);
     dialogo.setLabelText(prompt);
     dialogo.setTextValue(predefinito);
+    // The answer may be a long text; nothing typed or pasted is cut.
+    if (auto* campo = dialogo.findChild<QLineEdit*>())
+        campo->setMaxLength(std::numeric_limits<int>::max());
     dialogo.setOkButtonText(QStringLiteral("OK"));
     dialogo.setCancelButtonText(QStringLiteral("Annulla"));
     dialogo.resize(420, dialogo.sizeHint().height());

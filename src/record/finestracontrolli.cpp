@@ -50,6 +50,8 @@ FinestraControlli::~FinestraControlli() {
 
 // The design-time look every element starts from.
 void FinestraControlli::PreparaModelli() {
+    // A text box takes a stored value whole, however long: nothing is cut without the user doing it.
+    static_cast<QLineEdit&>(Text1.Modello()).setMaxLength(std::numeric_limits<int>::max());
     auto& memo = static_cast<QPlainTextEdit&>(Memo1.Modello());
     memo.setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     memo.setLineWrapMode(QPlainTextEdit::WidgetWidth);

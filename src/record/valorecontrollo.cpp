@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QTextDocument>
 #include <limits>
 
 namespace {
@@ -106,19 +107,42 @@ bool CasellaDiTesto(const QWidget& controllo) {
     return qobject_cast<const QLineEdit*>(&controllo) || qobject_cast<const QPlainTextEdit*>(&controllo);
 }
 
-QString TestoCasella(const QWidget& casella) {
-    if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&casella))
-        return memo->toPlainText();
+namespace {
+
+// The value last put into a text box, and what the box showed for it.
+constexpr char ValoreMostrato[] = "orvixValoreMostrato";
+constexpr char TestoMostrato[] = "orvixTestoMostrato";
+
+// A line break typed in a memo is stored as CR LF, the form every file the program writes uses.
+QString TestoVisibile(const QWidget& casella) {
+    if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&casella)) {
+        QString testo = memo->document()->toRawText();
+        testo.replace(QChar::ParagraphSeparator, QLatin1String("\r\n"));
+        return testo.replace(QChar::LineSeparator, QLatin1String("\r\n"));
+    }
     return static_cast<const QLineEdit&>(casella).text();
 }
 
+} // namespace
+
+QString TestoCasella(const QWidget& casella) {
+    const QString visibile = TestoVisibile(casella);
+    // A memo shows any line break as its own; a value the user left alone is saved exactly as it
+    // was loaded, whatever its line breaks were.
+    if (visibile == casella.property(TestoMostrato).toString())
+        return casella.property(ValoreMostrato).toString();
+    return visibile;
+}
+
 void ImpostaTestoCasella(QWidget& casella, const QString& testo) {
-    if (auto* memo = qobject_cast<QPlainTextEdit*>(&casella)) {
-        if (memo->toPlainText() != testo)
+    if (TestoCasella(casella) != testo) {
+        if (auto* memo = qobject_cast<QPlainTextEdit*>(&casella))
             memo->setPlainText(testo);
-    } else if (auto* riga = qobject_cast<QLineEdit*>(&casella)) {
-        if (riga->text() != testo)
-            riga->setText(testo);
-        riga->setCursorPosition(0); // a long value is read from its start
+        else
+            static_cast<QLineEdit&>(casella).setText(testo);
     }
+    if (auto* riga = qobject_cast<QLineEdit*>(&casella))
+        riga->setCursorPosition(0); // a long value is read from its start
+    casella.setProperty(ValoreMostrato, testo);
+    casella.setProperty(TestoMostrato, TestoVisibile(casella));
 }

@@ -160,7 +160,7 @@ private Q_SLOTS:
         C<QListWidget>("List1(1)").setCurrentRow(0);
         Premi("ok");
         VerificaStato(false);
-        const QStringList attesi{"Nuovo 'disco'", "riga 1\nriga 2", "2", "9", "0", "0", "/figure/c.png"};
+        const QStringList attesi{"Nuovo 'disco'", "riga 1\r\nriga 2", "2", "9", "0", "0", "/figure/c.png"};
         for (qsizetype i = 0; i < m_campi.size(); ++i)
             QCOMPARE(ValoriDelCampo(m_campi.at(i)).value(5), "6=" + attesi.at(i));
         QCOMPARE(Date(6), DataOggi() + " " + DataOggi());
@@ -253,6 +253,39 @@ private Q_SLOTS:
         Premi("ok");
         QCOMPARE(ValoriDelCampo(prezzo), QStringList{"1=10"});
         QCOMPARE(ValoriDelCampo(autore), QStringList{"1=Qualcuno"});
+    }
+
+    // Nothing is cut or changed without the user doing it: a value longer than a text box's usual
+    // limit, a default as long, and a memo's line breaks of every kind survive an edit left alone;
+    // a line break typed in a memo is stored as CR LF.
+    void testiConservatiInteri() {
+        const QString lungo = QString(40000, u'x') + "fine";
+        const QString righe = "CR LF\r\nsolo LF\nsolo CR\rfine";
+        Record(1, lungo);
+        Database().Esegui("update valori set valore='" + righe +
+                          "' where id_campo=" + QString::number(m_campi.at(1)));
+        const qint32 lunga = AggiungiCampo(m_id, {{"nome", "Lunga"}, {"default", QString(lungo + "!")}});
+        ScriviValore(lunga, 1, QString());
+        ApriRecord(m_id, 1);
+        QCOMPARE(Titolo().text(), lungo);
+        Premi("edit");
+        Premi("ok");
+        QCOMPARE(ValoriDelCampo(m_campi.at(0)), QStringList{"1=" + lungo});
+        QCOMPARE(ValoriDelCampo(m_campi.at(1)), QStringList{"1=" + righe});
+
+        Premi("new");
+        Titolo().setText(lungo + "2");
+        auto& note = C<QPlainTextEdit>("Memo1(1)");
+        note.setFocus();
+        QTest::keyClicks(&note, "prima");
+        QTest::keyClick(&note, Qt::Key_Return);
+        QTest::keyClicks(&note, "seconda");
+        QTest::keyClick(&note, Qt::Key_Return, Qt::ShiftModifier);
+        QTest::keyClicks(&note, "terza");
+        Premi("ok");
+        QCOMPARE(ValoriDelCampo(m_campi.at(0)).value(1), "2=" + lungo + "2");
+        QCOMPARE(ValoriDelCampo(m_campi.at(1)).value(1), QString("2=prima\r\nseconda\r\nterza"));
+        QCOMPARE(ValoriDelCampo(lunga).value(1), "2=" + lungo + "!");
     }
 };
 
