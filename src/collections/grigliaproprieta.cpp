@@ -2,6 +2,7 @@
 
 #include "archivio.h"
 #include "confine.h"
+#include "confrontotesto.h"
 #include "elencoproprieta.h"
 #include "erroredatabase.h"
 #include "form1.h"
@@ -98,7 +99,7 @@ bool GrigliaProprieta::NomeGiaElencato(const QString& valore) const {
     // The list may still show a name changed here earlier: it is refilled only when the collection is.
     const QListWidget& lista = *m_form.List2;
     for (int i = 0; i < lista.count(); ++i)
-        if (lista.item(i)->text().toLower() == valore.toLower())
+        if (TestiUguali(lista.item(i)->text(), valore))
             return true;
     return false;
 }

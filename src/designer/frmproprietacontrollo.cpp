@@ -1,6 +1,7 @@
 #include "frmproprietacontrollo.h"
 
 #include "confine.h"
+#include "confrontotesto.h"
 #include "disposizionedialogo.h"
 #include "elencoproprieta.h"
 #include "interazione.h"
@@ -201,7 +202,7 @@ bool frmProprietaControllo::Valida() {
     for (int i = 0; i < LV1->topLevelItemCount(); ++i) {
         QTreeWidgetItem* riga = LV1->topLevelItem(i);
         const QString proprieta = riga->text(1).toLower();
-        if (ProprietaNumerica(proprieta) && !IsNumeric(riga->text(0))) {
+        if (ProprietaNumerica(proprieta) && !MisuraAmmessa(riga->text(0))) {
             MsgBox(QStringLiteral("Proprietà ") + riga->text(1).toUpper() + QStringLiteral(" non valida!"));
             LV1->setCurrentItem(riga);
             return false;
@@ -210,7 +211,7 @@ bool frmProprietaControllo::Valida() {
             continue;
         // A name already in use is only pointed out: the user may keep it.
         for (const QString& campo : std::as_const(m_campiElencati)) {
-            if (campo.toLower() == riga->text(0).toLower()) {
+            if (TestiUguali(campo, riga->text(0))) {
                 MsgBox(QStringLiteral(
                     "Attenzione, hai specificato un valore come proprietà Nome già assegnato ad "
                     "un altro controllo!"));

@@ -134,6 +134,37 @@ private Q_SLOTS:
         QCOMPARE(f.griglia->currentItem(), f.Riga("height"));
     }
 
+    // The test of the old value passes; the store takes only whole pixels it can place.
+    void theStoreKeepsSizesWhole_data() {
+        QTest::addColumn<QString>("valore");
+        QTest::addColumn<bool>("accettato");
+        QTest::newRow("twenty digits") << "99999999999999999999" << false;
+        QTest::newRow("10240 digits") << QString(10240, u'9') << false;
+        QTest::newRow("decimal comma") << "1,5" << false;
+        QTest::newRow("too large") << "32768" << false;
+        QTest::newRow("negative") << "-1" << false;
+        QTest::newRow("largest") << "32767" << true;
+    }
+    void theStoreKeepsSizesWhole() {
+        QFETCH(QString, valore);
+        QFETCH(bool, accettato);
+        Finestra f;
+        if (!accettato)
+            f.script.Rispondi(Risposta::Ok);
+        f.griglia->FineModifica(f.Riga("width"), valore);
+        VERIFICA_SCRIPT(f.script);
+        const QString atteso = accettato ? valore : QStringLiteral("120");
+        QCOMPARE(f.Valore("width"), atteso + "|" + atteso);
+        QCOMPARE(Database()
+                     .ApriRecordset("select count(*) from campi where typeof(width)<>'integer'")
+                     .Campo(0)
+                     .toInt(),
+                 0);
+        if (!accettato)
+            QVERIFY(f.script.TestiMessaggi().constFirst().contains(
+                "width deve essere un numero intero da 0 a 32767"));
+    }
+
     void nameIsCheckedAgainstTheListAsShown() {
         Finestra f;
         f.script.Rispondi(Risposta::Ok).Rispondi(Risposta::Ok);
@@ -150,6 +181,13 @@ private Q_SLOTS:
         f.script.Rispondi(Risposta::Ok);
         f.griglia->FineModifica(f.Riga("nome"), "Titolo");
         f.griglia->FineModifica(f.Riga("nome"), "opera");
+        VERIFICA_SCRIPT(f.script);
+        QCOMPARE(f.Valore("nome"), QStringLiteral("opera|opera"));
+
+        // Case is ignored for every letter, accented ones too.
+        f.form.List2->item(1)->setText("Città");
+        f.script.Rispondi(Risposta::Ok);
+        f.griglia->FineModifica(f.Riga("nome"), "CITTÀ");
         VERIFICA_SCRIPT(f.script);
         QCOMPARE(f.Valore("nome"), QStringLiteral("opera|opera"));
     }

@@ -134,9 +134,8 @@ private Q_SLOTS:
         VERIFICA_SCRIPT(script);
         QCOMPARE(dialogo.LV1->currentItem(), Riga(dialogo, "Width"));
 
-        // Numbers in the user's format pass (the store decides later whether they fit its columns), and
-        // the duplicate name, warned of once more, is kept.
-        dialogo.FineModifica(Riga(dialogo, "Width"), " 12,5 ");
+        // The duplicate name, warned of once more, is kept.
+        dialogo.FineModifica(Riga(dialogo, "Width"), " 120 ");
         script.Rispondi(Risposta::Ok);
         dialogo.cmdSCEGLI->click();
         VERIFICA_SCRIPT(script);
@@ -146,6 +145,48 @@ private Q_SLOTS:
         QCOMPARE(dialogo.LV1->currentItem(), Riga(dialogo, "Nome"));
         QVERIFY(dialogo.Confermato && !dialogo.isVisible());
         QCOMPARE(dialogo.result(), int(QDialog::Accepted));
+    }
+
+    // Positions, sizes and tab order are whole pixels the store can hold: anything else is refused
+    // here, before the store would refuse it and lose what was typed.
+    void numericRowsTakeWholeNumbersFrom0To32767_data() {
+        QTest::addColumn<QString>("proprieta");
+        QTest::addColumn<QString>("valore");
+        QTest::addColumn<bool>("accettato");
+        QTest::newRow("decimal comma") << "Width"
+                                       << "1,5" << false;
+        QTest::newRow("thousands") << "Height"
+                                   << "1.000" << false;
+        QTest::newRow("twenty digits") << "Width"
+                                       << "99999999999999999999" << false;
+        QTest::newRow("10240 digits") << "Left" << QString(10240, u'9') << false;
+        QTest::newRow("negative") << "Top"
+                                  << "-1" << false;
+        QTest::newRow("too large") << "Tabindex"
+                                   << "32768" << false;
+        QTest::newRow("zero") << "Left"
+                              << "0" << true;
+        QTest::newRow("largest, blanks around") << "Width"
+                                                << " 32767 " << true;
+    }
+    void numericRowsTakeWholeNumbersFrom0To32767() {
+        QFETCH(QString, proprieta);
+        QFETCH(QString, valore);
+        QFETCH(bool, accettato);
+        frmProprietaControllo dialogo("slider", {});
+        dialogo.FineModifica(Riga(dialogo, proprieta), valore);
+        dialogo.show();
+        InterazioneScriptata script;
+        if (!accettato)
+            script.Rispondi(Risposta::Ok);
+        dialogo.cmdSCEGLI->click();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(dialogo.Confermato, accettato);
+        QCOMPARE(dialogo.isVisible(), !accettato);
+        QCOMPARE(Valore(dialogo, proprieta), valore);
+        if (!accettato)
+            QCOMPARE(script.TestiMessaggi(),
+                     QStringList({"Proprietà " + proprieta.toUpper() + " non valida!"}));
     }
 };
 
