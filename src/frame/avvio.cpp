@@ -5,6 +5,7 @@
 #include "frmmain.h"
 #include "iconaprogramma.h"
 #include "listecontrolli.h"
+#include "localeprogramma.h"
 #include "programma.h"
 
 #include <QApplication>
@@ -26,6 +27,20 @@ bool PrimaIstanza() {
     return blocco->tryLock(0);
 }
 
+namespace {
+
+// A failure here ends the start routine quietly, as any error in it does; by now the frame and the
+// collections window exist, so the program goes on as after a normal start, and the next attempt
+// through the menu shows the engine's message.
+void PrimaCollezione(Form1& collezioni) {
+    try {
+        collezioni.mnuNewCollection_Click();
+    } catch (const std::exception&) {
+    }
+}
+
+} // namespace
+
 frmMAIN* EseguiAvvio(const QString& cartellaProgramma) {
     ApriDatabase(cartellaProgramma);
     auto* frame = new frmMAIN;
@@ -33,7 +48,7 @@ frmMAIN* EseguiAvvio(const QString& cartellaProgramma) {
     Form1& collezioni = CaricaForm1();
     CaricaCollezioniInLista(*collezioni.List1);
     if (collezioni.List1->count() == 0)
-        collezioni.mnuNewCollection_Click();
+        PrimaCollezione(collezioni);
     frame->show();
     return frame;
 }
@@ -43,6 +58,7 @@ int Avvio(int argc, char** argv) {
     QApplication::setApplicationName(Programma::Titolo());
     QApplication::setApplicationVersion(Programma::Versione());
     QApplication::setWindowIcon(IconaProgramma());
+    ImpostaLocaleProgramma();
     if (!PrimaIstanza())
         return 0;
     try {

@@ -8,8 +8,7 @@ class frmMAIN;
 // first collection when there is none. Answers the process exit code.
 int Avvio(int argc, char** argv);
 
-// Everything after the single-instance check; throws on failure. The frame is returned hidden
-// only when the routine did not reach its end.
+// Everything after the single-instance check; throws when the store cannot be opened.
 frmMAIN* EseguiAvvio(const QString& cartellaProgramma);
 
 // Holds the single-instance lock in the user's runtime folder; false when another instance holds it.

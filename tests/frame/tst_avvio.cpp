@@ -6,6 +6,8 @@
 #include "form1.h"
 #include "frmabout.h"
 #include "frmmain.h"
+#include "frmproprietacontrollo.h"
+#include "numeri.h"
 #include "programma.h"
 #include "routinesql.h"
 
@@ -17,9 +19,12 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStatusBar>
 #include <QTextEdit>
+#include <QTreeWidget>
 #include <QtTest>
+#include <unistd.h>
 
 namespace {
 
@@ -52,6 +57,34 @@ QProcessEnvironment AmbienteProva(const QString& cartella) {
     return ambiente;
 }
 
+// Root writes wherever it likes: a store made read-only is tried as an ordinary user.
+QProcess* AvviaSenzaPrivilegi(const QString& eseguibile, const QString& runtime, QObject* genitore) {
+    auto* programma = new QProcess(genitore);
+    programma->setProcessEnvironment(AmbienteProva(runtime));
+    if (geteuid() == 0) {
+        // The runtime folder must belong to the user who runs the program.
+        QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        if (chown(QFile::encodeName(runtime).constData(), 65534, 65534) != 0)
+            qWarning("chown of the runtime folder failed");
+        programma->start(QStringLiteral("setpriv"),
+                         {"--reuid=65534", "--regid=65534", "--clear-groups", "--", eseguibile});
+    } else {
+        programma->start(eseguibile, {});
+    }
+    return programma;
+}
+
+QByteArray Contenuto(const QString& percorso) {
+    QFile file(percorso);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+constexpr auto Aperta = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup |
+                        QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther |
+                        QFile::ExeOther;
+constexpr auto SolaLettura = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
+                             QFile::ReadOther | QFile::ExeOther;
+
 } // namespace
 
 class TestAvvio final : public QObject {
@@ -81,6 +114,65 @@ private Q_SLOTS:
         QCOMPARE(collezioni->List1->count(), 0);
         QCOMPARE(collezioni->IdCollezioneCorrente(), -1);
         QCOMPARE(collezioni->IdCampoCorrente(), -1);
+    }
+
+    // A failure in the first collection's prompts ends them quietly; the program goes on with the frame
+    // and the collections window, and the menu's next attempt shows the engine's message.
+    void aFailedFirstCollectionLeavesTheProgramRunning_data() {
+        QTest::addColumn<QString>("collezione");
+        QTest::addColumn<QString>("campo");
+        QTest::addColumn<QString>("larghezza");
+        QTest::addColumn<QString>("elencate");
+        QTest::newRow("quote in the collection") << "L'isola d'Arturo" << QString() << QString() << "0";
+        QTest::newRow("quote in the field") << "Romanzi"
+                                            << "L'autore"
+                                            << "200"
+                                            << "1";
+        QTest::newRow("refused width") << "Romanzi"
+                                       << "Autore"
+                                       << "12,5"
+                                       << "1";
+    }
+    void aFailedFirstCollectionLeavesTheProgramRunning() {
+        QFETCH(QString, collezione);
+        QFETCH(QString, campo);
+        QFETCH(QString, larghezza);
+        QFETCH(QString, elencate);
+        ArchivioTemporaneo archivio;
+        ChiudiDatabase();
+        InterazioneScriptata script;
+        script.Digita(collezione).Digita(QString());
+        if (!campo.isEmpty()) {
+            script.Modale([](QDialog& scelta) {
+                scelta.findChild<QRadioButton*>(QStringLiteral("Option1"))->click();
+                scelta.findChild<QPushButton*>(QStringLiteral("cmdSCEGLI"))->click();
+            });
+            script.Modale([&](QDialog& finestra) {
+                auto& dialogo = dynamic_cast<frmProprietaControllo&>(finestra);
+                const auto riga = [&](const char* nome) {
+                    return dialogo.LV1->findItems(QLatin1String(nome), Qt::MatchExactly, 1).constFirst();
+                };
+                dialogo.FineModifica(riga("Nome"), campo);
+                dialogo.FineModifica(riga("Width"), larghezza);
+                dialogo.cmdSCEGLI->click();
+                if (!dialogo.Confermato)
+                    dialogo.cmdANNULLA->click(); // the dialog said why and stayed open
+            });
+            if (!MisuraAmmessa(larghezza))
+                script.Rispondi(Risposta::Ok);
+        }
+        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        VERIFICA_SCRIPT(script);
+        QVERIFY(frame->isVisible());
+        QVERIFY(IstanzaForm1() && IstanzaForm1()->isVisible());
+        QCOMPARE(QString::number(IstanzaForm1()->List1->count()), elencate);
+        QCOMPARE(Database().ApriRecordset(QStringLiteral("select count(*) from campi")).Campo(0).toInt(), 0);
+        if (campo.isEmpty()) {
+            script.Digita(collezione).Digita(QString()).Rispondi(Risposta::Ok);
+            IstanzaForm1()->mnuNewCollection->trigger();
+            VERIFICA_SCRIPT(script);
+            QVERIFY(script.TestiMessaggi().constLast().contains(QLatin1String("syntax error")));
+        }
     }
 
     void storeWithCollectionsShowsThemWithoutPrompting() {
@@ -213,6 +305,36 @@ private Q_SLOTS:
         QCOMPARE(programma.exitCode(), 1);
         const QString errore = QString::fromLocal8Bit(programma.readAllStandardError());
         QVERIFY2(errore.contains(QLatin1String("personalizza.orx")), qPrintable(errore));
+    }
+
+    // A store that cannot be written fails the start at once, as a missing one does, and is left as
+    // it was: a read-only file, or a store in WAL mode in a folder where its journal cannot be made.
+    void aStoreThatCannotBeWrittenFailsTheStart_data() {
+        QTest::addColumn<bool>("cartellaInSolaLettura");
+        QTest::newRow("read-only file") << false;
+        QTest::newRow("read-only folder") << true;
+    }
+    void aStoreThatCannotBeWrittenFailsTheStart() {
+        QFETCH(bool, cartellaInSolaLettura);
+        QTemporaryDir cartella, runtime;
+        ArchivioTemporaneo::CopiaVuoto(cartella.path());
+        const QString archivio = cartella.filePath(Programma::NomeArchivio());
+        ApriDatabase(cartella.path()); // a first start leaves it in WAL mode
+        CreaCollezione(QStringLiteral("Dischi"), QString());
+        ChiudiDatabase();
+        const QString eseguibile = CopiaProgramma(cartella.path());
+        const QByteArray prima = Contenuto(archivio);
+        QFile::setPermissions(archivio, cartellaInSolaLettura ? Aperta : SolaLettura);
+        QFile::setPermissions(cartella.path(), cartellaInSolaLettura ? SolaLettura : Aperta);
+        QProcess* programma = AvviaSenzaPrivilegi(eseguibile, runtime.path(), this);
+        QVERIFY(programma->waitForFinished(20000));
+        QFile::setPermissions(cartella.path(), Aperta);
+        const QString errore = QString::fromLocal8Bit(programma->readAllStandardError());
+        QCOMPARE(programma->exitCode(), 1);
+        QVERIFY2(errore.contains(archivio), qPrintable(errore));
+        QCOMPARE(Contenuto(archivio), prima);
+        QCOMPARE(QDir(cartella.path()).entryList(QDir::Files),
+                 QStringList({"orvix", Programma::NomeArchivio()}));
     }
 
     void aSecondInstanceEndsAtOnce() {
