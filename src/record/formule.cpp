@@ -1,6 +1,7 @@
 #include "formule.h"
 
 #include "archivio.h"
+#include "erroredatabase.h"
 #include "finestracontrolli.h"
 #include "matheval.h"
 #include "numeri.h"
@@ -18,6 +19,20 @@ bool Operatore(const QString& parola) {
                                        QStringLiteral(")"), QStringLiteral("+"), QStringLiteral("\\"),
                                        QStringLiteral("/")};
     return operatori.contains(parola);
+}
+
+// The id of the named field of the collection, as text; empty when there is none. The name is
+// spliced as written: one that breaks the statement (an apostrophe) names no field, and the formula
+// shows so instead of keeping the record window from opening.
+QString IdCampoPerNome(const QString& nome, qint32 idCollezione) {
+    try {
+        const Recordset campo =
+            Database().ApriRecordset(QStringLiteral("select id from campi where nome='") + nome +
+                                     QStringLiteral("' and id_collezione=") + QString::number(idCollezione));
+        return campo.Fine() ? QString() : campo.Testo(QStringLiteral("id"));
+    } catch (const ErroreDatabase&) {
+        return {};
+    }
 }
 
 } // namespace
@@ -47,14 +62,12 @@ QString RisolviFormula(FinestraControlli&, const QString& formula, qint32 idColl
         const QString parola = pezzo.trimmed();
         if (parola.isEmpty() || Operatore(parola) || IsNumeric(parola))
             continue;
-        const Recordset campo =
-            Database().ApriRecordset(QStringLiteral("select id from campi where nome='") + parola +
-                                     QStringLiteral("' and id_collezione=") + QString::number(idCollezione));
-        if (campo.Fine())
+        const QString idCampo = IdCampoPerNome(parola, idCollezione);
+        if (idCampo.isEmpty())
             return QStringLiteral("Formula non risolvibile #1");
-        const Recordset valore = Database().ApriRecordset(
-            QStringLiteral("select valore from valori where id_campo=") + campo.Testo(QStringLiteral("id")) +
-            QStringLiteral(" and numerorecord=") + QString::number(n));
+        const Recordset valore =
+            Database().ApriRecordset(QStringLiteral("select valore from valori where id_campo=") + idCampo +
+                                     QStringLiteral(" and numerorecord=") + QString::number(n));
         if (valore.Fine())
             return QStringLiteral("Formula non risolvibile #2");
         espressione.replace(parola, valore.Testo(QStringLiteral("valore")));

@@ -1,8 +1,10 @@
+#include "aprirecord.h"
 #include "archiviotemporaneo.h"
 #include "campiprova.h"
 #include "costruisciform.h"
 #include "formule.h"
 #include "frmrecord.h"
+#include "interazionescriptata.h"
 #include "navigazione.h"
 #include "routinesql.h"
 
@@ -56,7 +58,8 @@ private Q_SLOTS:
         riga("Lordo * 2", n1);
         riga("Sconto + Lordo", n2); // Sconto has no value in record 1
         riga("Cliente + 1", n3);
-        riga("A + AB", n3); // "A" is replaced inside "AB" too
+        riga("A + AB", n3);             // "A" is replaced inside "AB" too
+        riga("Imponibile * l'IVA", n1); // a name that breaks its look-up names no field
     }
 
     void risolvi() {
@@ -81,6 +84,20 @@ private Q_SLOTS:
         QCOMPARE(campoTotale->text(), QString("60"));
         CaricaRecord(FinestraRecord(), 2, m_id);
         QCOMPARE(campoTotale->text(), QString("Formula non risolvibile #2"));
+    }
+
+    // A formula whose name breaks its look-up shows so in its field, on every record, and the window
+    // opens: the user can browse and mend the field.
+    void unNomeConApostrofoNonChiudeLaFinestra() {
+        AggiungiCampo(m_id, {{"nome", "Totale"}, {"formula", "l'IVA * Imponibile"}});
+        InterazioneScriptata script;
+        ApriRecord(m_id, 1);
+        const auto* totale = qobject_cast<QLineEdit*>(FinestraRecord().Controllo("Text1(6)"));
+        QCOMPARE(totale->text(), QString("Formula non risolvibile #1"));
+        FinestraRecord().Toolbar1_ButtonClick("next");
+        QCOMPARE(FinestraRecord().RecordCorrente, 2);
+        QCOMPARE(totale->text(), QString("Formula non risolvibile #1"));
+        VERIFICA_SCRIPT(script);
     }
 };
 
