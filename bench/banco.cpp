@@ -3,6 +3,7 @@
 #include "archiviotemporaneo.h"
 #include "costruzione.h"
 #include "frmrecord.h"
+#include "macchina.h"
 #include "operazioni.h"
 #include "pavimento.h"
 #include "rapporto.h"
@@ -44,6 +45,7 @@ MisureDimensione MisuraDimensione(qint32 record, const Opzioni& opzioni) {
     Pavimento pavimento(collezione);
     Banco banco{finestra, controlli, collezione, pavimento, record};
     MisuraOperazioni(banco, opzioni, misure);
+    misure.residenteKiB = MemoriaResidenteKiB();
     misure.pianoMassimo = PianoQuery(SqlMassimoRecord(collezione.id), collezione.id);
     misure.pianoMassimoPavimento = PianoQuery(SqlMassimoPavimento(), collezione.id);
     return misure;

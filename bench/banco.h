@@ -8,6 +8,7 @@
 struct MisureDimensione {
     qint32 record = 0;
     qint64 costruzioneNs = 0;
+    qint64 residenteKiB = 0;
     // How many of the records were written by SalvaNuovoRecord; the rest by the same Recordset rows.
     QList<Risultato> risultati;
     QList<Profilo> profili;

@@ -60,3 +60,14 @@ QStringList FattiMacchina() {
         QStringLiteral("store folder: ") + QDir::tempPath() + QStringLiteral(" (TMPDIR)"),
     };
 }
+
+qint64 MemoriaResidenteKiB() {
+    QFile stato(QStringLiteral("/proc/self/status"));
+    if (!stato.open(QIODevice::ReadOnly | QIODevice::Text))
+        return 0;
+    for (const QByteArray& riga : stato.readAll().split('\n')) {
+        if (riga.startsWith("VmRSS:"))
+            return riga.mid(6).trimmed().split(' ').value(0).toLongLong();
+    }
+    return 0;
+}

@@ -45,11 +45,17 @@ Operazione Caricamento(Banco& b, const QString& quale, qint32 n) {
     return o;
 }
 
-Operazione Sfoglia(Banco& b) {
+// A record the window has not shown; with the page cache emptied first, as on a store just opened,
+// nothing of the file is decrypted in memory yet.
+Operazione Sfoglia(Banco& b, const QString& nome, bool cacheVuota) {
     auto n = std::make_shared<qint32>();
-    Operazione o{QStringLiteral("load a record not loaded before (CaricaRecord)"),
-                 [&b, n] { CaricaRecord(b.finestra, *n, b.collezione.id); },
-                 [&b, n] { CaricaPavimento(b, *n); }, [&b, n] { *n = RecordNonCaricato(b); }};
+    Operazione o{nome, [&b, n] { CaricaRecord(b.finestra, *n, b.collezione.id); },
+                 [&b, n] { CaricaPavimento(b, *n); },
+                 [&b, n, cacheVuota] {
+                     *n = RecordNonCaricato(b);
+                     if (cacheVuota)
+                         b.pavimento.SvuotaCache();
+                 }};
     o.caricamento = true;
     return o;
 }
@@ -116,7 +122,8 @@ QList<Operazione> Operazioni(Banco& b) {
             Caricamento(b, QStringLiteral("first"), 1),
             Caricamento(b, QStringLiteral("middle"), Mezzo(b)),
             Caricamento(b, QStringLiteral("last"), b.record),
-            Sfoglia(b),
+            Sfoglia(b, QStringLiteral("load a record not loaded before (CaricaRecord)"), false),
+            Sfoglia(b, QStringLiteral("load a record, page cache emptied as on a store just opened"), true),
             Successivo(b),
             Ultimo(b),
             Eliminazione(b),

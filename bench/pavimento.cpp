@@ -1,5 +1,7 @@
 #include "pavimento.h"
 
+#include <sqlcipher/sqlite3.h>
+
 #include <QDate>
 
 namespace {
@@ -80,4 +82,8 @@ void Pavimento::Elimina(qint32 k) {
 
 void Pavimento::TogliOltre(qint32 n) {
     m_togli.Lega(1, m_collezione.id).Lega(2, n).Esegui();
+}
+
+void Pavimento::SvuotaCache() {
+    sqlite3_db_release_memory(m_campi.Connessione());
 }

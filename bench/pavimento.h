@@ -20,6 +20,8 @@ public:
     void PreparaValori(qint32 n);
     void Inserisci(qint32 n);
     void Elimina(qint32 k);
+    // Not a floor: drops every decrypted page the connection holds, as a store just opened has none.
+    void SvuotaCache();
     // Not a floor: puts the store back to n records after a timed insert.
     void TogliOltre(qint32 n);
 

@@ -1,5 +1,6 @@
 #include "rapporto.h"
 
+#include "connessione.h"
 #include "macchina.h"
 #include "pavimento.h"
 
@@ -48,11 +49,12 @@ void StampaCostruzione(QTextStream& out, const QList<MisureDimensione>& misure) 
            "list, a slider) made with CreaCollezione and a Recordset, then the records. The bulk build "
            "runs in one explicit transaction (`begin`/`commit` through Esegui): it is setup, not a "
            "measured figure. Every measured operation commits as the program does: a record's rows, and a "
-           "delete with its renumbering, in one transaction each.\n\n";
+           "delete with its renumbering, in one transaction each. The connection's page cache holds up to "
+        << Connessione::CacheKiB / 1024 << " MiB of decrypted pages.\n\n";
     for (const MisureDimensione& m : misure) {
         out << "- " << m.record << " records: 1 to " << m.record
             << " through SalvaNuovoRecord on the built frmRecord; built in " << FormatoTempo(m.costruzioneNs)
-            << ".\n";
+            << "; resident memory after its measurements " << m.residenteKiB / 1024 << " MiB.\n";
     }
     out << '\n';
 }

@@ -135,7 +135,11 @@ QString TestoCasella(const QWidget& casella) {
 }
 
 void ImpostaTestoCasella(QWidget& casella, const QString& testo) {
-    if (TestoCasella(casella) != testo) {
+    const QString visibile = TestoVisibile(casella);
+    const bool intatto = visibile == casella.property(TestoMostrato).toString();
+    if (intatto && casella.property(ValoreMostrato).toString() == testo)
+        return; // records are shown many times over while browsing: a box already showing it is left alone
+    if (visibile != testo) {
         if (auto* memo = qobject_cast<QPlainTextEdit*>(&casella))
             memo->setPlainText(testo);
         else
