@@ -83,10 +83,11 @@ QString InterazioneReale::InputBox(const QString& prompt, const QString& titolo,
     QInputDialog dialogo(QApplication::activeWindow());
     dialogo.setWindowTitle(titolo);
     dialogo.setLabelText(prompt);
-    dialogo.setTextValue(predefinito);
-    // The answer may be a long text; nothing typed or pasted is cut.
+    // The answer, and the text offered, may be long: nothing typed, pasted or offered is cut.
+    dialogo.setInputMode(QInputDialog::TextInput);
     if (auto* campo = dialogo.findChild<QLineEdit*>())
         campo->setMaxLength(std::numeric_limits<int>::max());
+    dialogo.setTextValue(predefinito);
     dialogo.setOkButtonText(QStringLiteral("OK"));
     dialogo.setCancelButtonText(QStringLiteral("Annulla"));
     dialogo.resize(420, dialogo.sizeHint().height());
