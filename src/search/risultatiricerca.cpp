@@ -67,7 +67,7 @@ QVariant RisultatiRicerca::data(const QModelIndex& indice, int ruolo) const {
             return Data(riga.modificato);
         }
     case Qt::TextAlignmentRole:
-        return indice.column() == Record ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+        return indice.column() == Record ? QVariant(Qt::AlignCenter) : QVariant();
     default:
         return {};
     }
@@ -79,6 +79,6 @@ QVariant RisultatiRicerca::headerData(int sezione, Qt::Orientation orientamento,
     if (ruolo == Qt::DisplayRole)
         return m_intestazioni.at(sezione);
     if (ruolo == Qt::TextAlignmentRole && sezione == Record)
-        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+        return QVariant(Qt::AlignCenter);
     return {};
 }
