@@ -1,5 +1,6 @@
 #include "banco.h"
 
+#include "apriricerca.h"
 #include "archiviotemporaneo.h"
 #include "costruzione.h"
 #include "frmrecord.h"
@@ -42,7 +43,8 @@ MisureDimensione MisuraDimensione(qint32 record, const Opzioni& opzioni) {
     misure.costruzioneNs = CostruisciRecord(finestra, controlli, collezione, record);
     Avanza(QStringLiteral("  built in %1").arg(FormatoTempo(misure.costruzioneNs)));
     Pavimento pavimento(collezione);
-    Banco banco{finestra, controlli, collezione, pavimento, record};
+    ApriRicerca(collezione.id);
+    Banco banco{finestra, *FinestraRicerca(), controlli, collezione, pavimento, record};
     MisuraOperazioni(banco, opzioni, misure);
     misure.pianoMassimo = PianoQuery(SqlMassimoRecord(collezione.id), collezione.id);
     misure.pianoMassimoPavimento = PianoQuery(SqlMassimoPavimento(), collezione.id);

@@ -5,6 +5,7 @@
 #include "confine.h"
 #include "interazione.h"
 #include "risultatiricerca.h"
+#include "sqlricerca.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -93,11 +94,7 @@ void frmFind::cmdGO_Click() {
     m_risultati->Svuota();
     Lv1->setToolTip({});
     const QString nome = Combo1->currentText();
-    // The name is spliced as the list shows it, not through Quote, so a quote in it breaks the
-    // statement; a field no longer in the store finds no row and the search ends in silence.
-    Recordset campo = Database().ApriRecordset(QStringLiteral("select id from campi where id_collezione=") +
-                                               QString::number(IdCollezione) + QStringLiteral(" and nome='") +
-                                               nome + QStringLiteral("'"));
+    Recordset campo = Database().ApriRecordset(SqlIdCampo(IdCollezione, nome));
     if (campo.Fine())
         return;
     const auto idCampo = static_cast<qint32>(campo.Campo(0).toLongLong());
@@ -108,15 +105,7 @@ void frmFind::cmdGO_Click() {
         return;
     }
     m_risultati->ImpostaIntestazioneValore(nome);
-    // The text is spliced as typed, untrimmed and not through Quote: a quote in it breaks the
-    // statement and the engine's error reaches the user. Case is ignored by the column's collation
-    // (equality) and by the connection's LIKE (containment).
-    const QString sql =
-        QStringLiteral("select valore,numerorecord,data_ins,data_mod from VALORI where ") +
-        QStringLiteral("id_campo=") + QString::number(idCampo) +
-        (Esatta->isChecked() ? QStringLiteral(" and valore='") + testo + QStringLiteral("'")
-                             : QStringLiteral(" and valore like '%") + testo + QStringLiteral("%'"));
-    Recordset rs = Database().ApriRecordset(sql);
+    Recordset rs = Database().ApriRecordset(SqlRicerca(idCampo, testo, Esatta->isChecked()));
     m_risultati->Riempi(rs);
     if (m_risultati->rowCount() > 0)
         Lv1->setToolTip(
