@@ -1,5 +1,6 @@
 #include "banco.h"
 
+#include "apriricerca.h"
 #include "archiviotemporaneo.h"
 #include "costruzione.h"
 #include "frmrecord.h"
@@ -43,7 +44,8 @@ MisureDimensione MisuraDimensione(qint32 record, const Opzioni& opzioni) {
     misure.costruzioneNs = CostruisciRecord(finestra, controlli, collezione, record);
     Avanza(QStringLiteral("  built in %1").arg(FormatoTempo(misure.costruzioneNs)));
     Pavimento pavimento(collezione);
-    Banco banco{finestra, controlli, collezione, pavimento, record};
+    ApriRicerca(collezione.id);
+    Banco banco{finestra, *FinestraRicerca(), controlli, collezione, pavimento, record};
     MisuraOperazioni(banco, opzioni, misure);
     misure.residenteKiB = MemoriaResidenteKiB();
     misure.pianoMassimo = PianoQuery(SqlMassimoRecord(collezione.id), collezione.id);

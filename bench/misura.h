@@ -16,6 +16,8 @@ struct Operazione {
     std::function<void()> dopo = [] {};
     // Loading a record is expected to cost the same whatever the store's size.
     bool caricamento = false;
+    // How many times its floor the operation may take.
+    double obiettivo = 3.0;
 };
 
 struct Risultato {
@@ -24,6 +26,7 @@ struct Risultato {
     qint64 pavimentoNs = 0;
     int ripetizioni = 0;
     bool caricamento = false;
+    double obiettivo = 3.0;
 };
 
 // Medians of repeated timed calls, figure and floor alternating so both meet the same cache state.

@@ -1,10 +1,16 @@
 #include "operazioni.h"
 
+#include "frmfind.h"
 #include "frmrecord.h"
 #include "navigazione.h"
 #include "pavimento.h"
+#include "risultatiricerca.h"
 #include "routinesql.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QLineEdit>
 #include <memory>
 #include <stdexcept>
 
@@ -107,6 +113,30 @@ Operazione Conteggio(Banco& b) {
             [&b] { Richiedi(b.pavimento.Massimo() == b.record, "the floor miscounted"); }};
 }
 
+// "VAI" on the titles; the figure includes the list being laid out and drawn, the freeze a person sees.
+Operazione Ricerca(Banco& b, const QString& nome, const QString& testo, bool esatta, double obiettivo) {
+    const QString campo = DefinizioniCampi().at(0).nome;
+    auto righe = std::make_shared<int>(-1);
+    Operazione o{nome,
+                 [&b, righe] {
+                     b.ricerca.cmdGO_Click();
+                     QCoreApplication::processEvents();
+                     Richiedi(*righe < 0 || b.ricerca.Risultati().rowCount() == *righe,
+                              "the search window listed another number of hits than the floor read");
+                 },
+                 [&b, righe, campo, testo, esatta] {
+                     *righe = b.pavimento.Cerca(campo, testo, esatta);
+                     Richiedi(*righe > 0, "the floor's search found nothing");
+                 },
+                 [&b, campo, testo, esatta] {
+                     b.ricerca.Combo1->setCurrentText(campo);
+                     b.ricerca.Text1->setText(testo);
+                     b.ricerca.Esatta->setChecked(esatta);
+                 }};
+    o.obiettivo = obiettivo;
+    return o;
+}
+
 } // namespace
 
 qint32 RecordNonCaricato(Banco& banco) {
@@ -118,14 +148,16 @@ qint32 RecordNonCaricato(Banco& banco) {
 }
 
 QList<Operazione> Operazioni(Banco& b) {
-    return {Inserimento(b),
-            Caricamento(b, QStringLiteral("first"), 1),
+    return {Inserimento(b), Caricamento(b, QStringLiteral("first"), 1),
             Caricamento(b, QStringLiteral("middle"), Mezzo(b)),
             Caricamento(b, QStringLiteral("last"), b.record),
             Sfoglia(b, QStringLiteral("load a record not loaded before (CaricaRecord)"), false),
             Sfoglia(b, QStringLiteral("load a record, page cache emptied as on a store just opened"), true),
-            Successivo(b),
-            Ultimo(b),
-            Eliminazione(b),
-            Conteggio(b)};
+            Successivo(b), Ultimo(b), Eliminazione(b), Conteggio(b),
+            Ricerca(b, QStringLiteral("search, contained (\"libro 4\", 11% of records)"),
+                    QStringLiteral("libro 4"), false, 1.5),
+            // A record before the middle one: the delete's renumbering leaves its title in place.
+            Ricerca(b, QStringLiteral("search, whole value (one record)"),
+                    DefinizioniCampi().at(0).valore(b.record / 4), true, 1.5),
+            Ricerca(b, QStringLiteral("search matching every record"), QStringLiteral("Titolo"), false, 3.0)};
 }

@@ -3,12 +3,14 @@
 #include "compilaform.h"
 #include "misura.h"
 
+class frmFind;
 class frmRecord;
 class Pavimento;
 
 // What the operations act on: a store of `record` records shown in a built record window.
 struct Banco {
     frmRecord& finestra;
+    frmFind& ricerca;
     QList<ControlloCampo> controlli;
     CollezioneBench collezione;
     Pavimento& pavimento;

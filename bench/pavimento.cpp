@@ -1,5 +1,7 @@
 #include "pavimento.h"
 
+#include "sqlricerca.h"
+
 #include <sqlcipher/sqlite3.h>
 
 #include <QDate>
@@ -82,6 +84,29 @@ void Pavimento::Elimina(qint32 k) {
 
 void Pavimento::TogliOltre(qint32 n) {
     m_togli.Lega(1, m_collezione.id).Lega(2, n).Esegui();
+}
+
+Istruzione& Pavimento::Ricerca(const QString& sql) {
+    auto& istruzione = m_ricerche[sql];
+    if (!istruzione)
+        istruzione = std::make_unique<Istruzione>(sql);
+    return *istruzione;
+}
+
+int Pavimento::Cerca(const QString& campo, const QString& testo, bool esatta) {
+    Istruzione& id = Ricerca(SqlIdCampo(m_collezione.id, campo));
+    const qint32 idCampo = id.Riga() ? static_cast<qint32>(id.Intero(0)) : 0;
+    id.Azzera();
+    Istruzione& valori = Ricerca(SqlRicerca(idCampo, testo, esatta));
+    int righe = 0;
+    for (; valori.Riga(); ++righe) {
+        valori.LunghezzaTesto(0);
+        valori.Intero(1);
+        valori.LunghezzaTesto(2);
+        valori.LunghezzaTesto(3);
+    }
+    valori.Azzera();
+    return righe;
 }
 
 void Pavimento::SvuotaCache() {

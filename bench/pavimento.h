@@ -4,6 +4,8 @@
 #include "istruzione.h"
 
 #include <QByteArrayList>
+#include <map>
+#include <memory>
 
 // The least raw SQL that does what each measured operation does, on the same connection and file,
 // with statements prepared once and values bound. Every statement commits on its own, as the
@@ -24,6 +26,9 @@ public:
     void SvuotaCache();
     // Not a floor: puts the store back to n records after a timed insert.
     void TogliOltre(qint32 n);
+    // A search: the field's id by its name, then its matching value rows, each statement prepared
+    // once from the window's own text; answers the rows read.
+    int Cerca(const QString& campo, const QString& testo, bool esatta);
 
 private:
     CollezioneBench m_collezione;
@@ -38,6 +43,9 @@ private:
     Istruzione m_togli;
     Istruzione m_inizia;
     Istruzione m_conferma;
+    std::map<QString, std::unique_ptr<Istruzione>> m_ricerche;
+
+    Istruzione& Ricerca(const QString& sql);
 };
 
 // The text of the floor's maximum query, for its query plan.

@@ -9,7 +9,6 @@
 namespace {
 
 constexpr double ObiettivoScala = 1.5;
-constexpr double ObiettivoPavimento = 3.0;
 
 QString Etichetta(qint32 record) {
     return record % 1000 == 0 ? QString::number(record / 1000) + QLatin1Char('k') : QString::number(record);
@@ -130,8 +129,8 @@ void StampaObiettiviPavimento(QTextStream& out, const MisureDimensione& m) {
     for (const Risultato& risultato : m.risultati) {
         const double r = Rapporto(risultato.figuraNs, risultato.pavimentoNs);
         out << Riga({QStringLiteral("≤ %1 × floor at %2")
-                         .arg(QString::number(ObiettivoPavimento), Etichetta(m.record)),
-                     risultato.nome, FormatoRapporto(r), Esito(r <= ObiettivoPavimento)});
+                         .arg(QString::number(risultato.obiettivo), Etichetta(m.record)),
+                     risultato.nome, FormatoRapporto(r), Esito(r <= risultato.obiettivo)});
     }
 }
 

@@ -1,9 +1,11 @@
 // Grabs the program's windows, on a demonstration collection, into PNG files for a person to look at.
 // Usage: vetrina OUTPUT_FOLDER   (QT_QPA_PLATFORM=offscreen works)
 #include "aprirecord.h"
+#include "apriricerca.h"
 #include "archivio.h"
 #include "archiviotemporaneo.h"
 #include "form1.h"
+#include "frmfind.h"
 #include "frmmain.h"
 #include "frmproprietacontrollo.h"
 #include "frmrecord.h"
@@ -15,6 +17,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QLocale>
 #include <QMdiArea>
@@ -72,10 +75,12 @@ void Riempi(qint32 collezione) {
     for (int r = 0; r < 2; ++r)
         for (int i = 0; i < campi.size(); ++i)
             Database().Esegui(
-                QStringLiteral("insert into valori (id_campo,valore,numerorecord) values (%1,'%2',%3)")
+                QStringLiteral("insert into valori (id_campo,valore,numerorecord,data_ins,data_mod) "
+                               "values (%1,'%2',%3,'%4','%5')")
                     .arg(campi.at(i).id)
                     .arg(Quote(QString::fromUtf8(dischi[r][i])))
-                    .arg(r + 1));
+                    .arg(r + 1)
+                    .arg(QLatin1String(r == 0 ? "2023-11-04" : "2024-02-18"), QLatin1String("2024-05-27")));
 }
 
 void Salva(QWidget& finestra, const QDir& cartella, const char* nome) {
@@ -125,5 +130,13 @@ int main(int argc, char** argv) {
     Salva(frame, uscita, "record.png");
     FinestraRecord().Toolbar1_ButtonClick(QStringLiteral("edit"));
     Salva(frame, uscita, "record-modifica.png");
+    FinestraRecord().Toolbar1_ButtonClick(QStringLiteral("no"));
+
+    form.mnuEseguiRicerca->trigger();
+    FinestraRicerca()->Text1->setText(QStringLiteral("o"));
+    FinestraRicerca()->cmdGO_Click();
+    Salva(*FinestraRicerca(), uscita, "ricerca.png");
+    frame.AreaFigli()->tileSubWindows();
+    Salva(frame, uscita, "ricerca-frame.png");
     return 0;
 }

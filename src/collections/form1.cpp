@@ -1,6 +1,7 @@
 #include "form1.h"
 
 #include "aprirecord.h"
+#include "apriricerca.h"
 #include "archivio.h"
 #include "comandicampi.h"
 #include "confine.h"
@@ -91,6 +92,8 @@ void Form1::CreaMenu() {
     mnuDelCollection = Voce(mnuCollezioni, "mnuDelCollection", QStringLiteral("Elimina"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnuSep2"));
     mnuInserisciRecord = Voce(mnuCollezioni, "mnuInserisciRecord", QStringLiteral("Inserisci Record"));
+    mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
+    mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
 
     mnuCampi = new QMenu(QStringLiteral("Campi"), this);
     mnuCampi->setObjectName(QStringLiteral("mnuCampi"));
@@ -108,6 +111,7 @@ void Form1::CollegaEventi() {
             Protetto([this] { mnuRinominaCollezione_Click(); }));
     connect(mnuDelCollection, &QAction::triggered, this, Protetto([this] { mnuDelCollection_Click(); }));
     connect(mnuInserisciRecord, &QAction::triggered, this, Protetto([this] { InserisciRecord(*List1); }));
+    connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
     connect(mnuNewCampo, &QAction::triggered, this, Protetto([this] { CreaNuovoCampo(*this); }));
     connect(mnuElliminaCampo, &QAction::triggered, this, Protetto([this] { EliminaCampo(*this); }));
     connect(mnuPermettiModifichePropCampi, &QAction::toggled, this,
@@ -247,4 +251,16 @@ void Form1::mnuDelCollection_Click() {
     Lv1->Svuota();
     m_idCollezione = -1;
     m_idCampo = -1;
+}
+
+void Form1::mnuEseguiRicerca_Click() {
+    if (m_idCollezione < 0) {
+        MsgBox(QStringLiteral("Selezionare una Collezione dall'apposita Lista"));
+        return;
+    }
+    if (List2->count() == 0) {
+        MsgBox(QStringLiteral("Nella collezione non è presente nemmeno un campo!"));
+        return;
+    }
+    ApriRicerca(m_idCollezione);
 }

@@ -27,6 +27,7 @@ public:
     void mnuNewCollection_Click();
     void mnuRinominaCollezione_Click();
     void mnuDelCollection_Click();
+    void mnuEseguiRicerca_Click();
 
     QListWidget* List1;
     QListWidget* List2;
@@ -37,6 +38,7 @@ public:
     QAction* mnuRinominaCollezione;
     QAction* mnuDelCollection;
     QAction* mnuInserisciRecord;
+    QAction* mnuEseguiRicerca;
 
     QMenu* mnuCampi;
     QAction* mnuNewCampo;

@@ -1,5 +1,7 @@
 #include "frmmain.h"
 
+#include "apertorericerca.h"
+#include "apriricerca.h"
 #include "archivio.h"
 #include "confine.h"
 #include "form1.h"
@@ -39,6 +41,8 @@ frmMAIN::frmMAIN(QWidget* parent)
     setWindowTitle(
         TitoloFrame(Programma::VersioneMaggiore(), Programma::VersioneMinore(), Programma::Revisione()));
     ImpostaOspiteFinestre(this);
+    // The record window's "Trova..." reaches the search window through this hook.
+    ImpostaApertoreRicerca(ApriRicerca);
     MostraFiglia(&CaricaForm1());
 }
 

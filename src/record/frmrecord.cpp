@@ -1,5 +1,6 @@
 #include "frmrecord.h"
 
+#include "apertorericerca.h"
 #include "confine.h"
 #include "iconebarra.h"
 #include "interazione.h"
@@ -63,9 +64,16 @@ void frmRecord::AggiungiPulsante(const QString& chiave, const QIcon& icona, cons
 void frmRecord::CreaMenu() {
     mnuFile = new QMenu(QStringLiteral("File"), this);
     mnuFile->setObjectName(QStringLiteral("mnuFile"));
+    mnuTrova = mnuFile->addAction(QStringLiteral("Trova..."));
+    mnuTrova->setObjectName(QStringLiteral("mnuTrova"));
     mnuEsci = mnuFile->addAction(QStringLiteral("Esci"));
     mnuEsci->setObjectName(QStringLiteral("mnuEsci"));
+    connect(mnuTrova, &QAction::triggered, this, Protetto([this] { mnuTrova_Click(); }));
     connect(mnuEsci, &QAction::triggered, this, Protetto([this] { mnuEsci_Click(); }));
+}
+
+void frmRecord::mnuTrova_Click() {
+    ApriRicercaSu(CurrTabella);
 }
 
 void frmRecord::mnuEsci_Click() {

@@ -24,9 +24,11 @@ public:
     // Nine buttons keyed "first", "prev", "next", "last", "new", "del", "edit", "ok", "no".
     QToolBar* Toolbar1;
     QMenu* mnuFile;
+    QAction* mnuTrova;
     QAction* mnuEsci;
 
     void Toolbar1_ButtonClick(const QString& chiave);
+    void mnuTrova_Click();
     void mnuEsci_Click();
     void ImpostaStatoBottoni();
     void ImpostaStatoControlli();

@@ -94,8 +94,9 @@ private Q_SLOTS:
                                      "new:Inserisci un Nuovo Record, del:Elimina il Record Corrente, "
                                      "edit:Modifica il Record Corrente, |, ok:Conferma, no:Annulla");
         QCOMPARE(F().MenuFinestra(), QList<QMenu*>{F().mnuFile});
-        QCOMPARE(F().mnuFile->actions(), QList<QAction*>{F().mnuEsci});
-        QCOMPARE(F().mnuFile->title() + " > " + F().mnuEsci->text(), QString("File > Esci"));
+        QCOMPARE(F().mnuFile->actions(), (QList<QAction*>{F().mnuTrova, F().mnuEsci}));
+        QCOMPARE(F().mnuFile->title() + " > " + F().mnuTrova->text() + ", " + F().mnuEsci->text(),
+                 QString("File > Trova..., Esci"));
         delete &F();
     }
 
