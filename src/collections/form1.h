@@ -42,6 +42,7 @@ public:
     QAction* mnuNewCampo;
     QAction* mnuElliminaCampo;
     QAction* mnuPermettiModifichePropCampi;
+    QAction* mnuAnteprima;
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;

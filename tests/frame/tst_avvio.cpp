@@ -114,7 +114,8 @@ private Q_SLOTS:
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCollezioni),
                  QStringList({"Nuova", "Rinomina", "Elimina", "-", "Inserisci Record"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi),
-                 QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà"}));
+                 QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà",
+                              "Visualizza in Anteprima"}));
 
         frame->AreaFigli()->closeAllSubWindows();
         QTRY_VERIFY(!IstanzaForm1());
