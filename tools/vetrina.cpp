@@ -3,7 +3,9 @@
 #include "aprirecord.h"
 #include "archivio.h"
 #include "archiviotemporaneo.h"
+#include "contenitoreanteprima.h"
 #include "form1.h"
+#include "frmanteprima.h"
 #include "frmmain.h"
 #include "frmproprietacontrollo.h"
 #include "frmrecord.h"
@@ -125,5 +127,14 @@ int main(int argc, char** argv) {
     Salva(frame, uscita, "record.png");
     FinestraRecord().Toolbar1_ButtonClick(QStringLiteral("edit"));
     Salva(frame, uscita, "record-modifica.png");
+
+    // The layout designer with three controls selected, one of them the picture.
+    ContenitoreAnteprima anteprima;
+    anteprima.Costruisci(form.IdCollezioneCorrente());
+    anteprima.show();
+    frmAnteprima& disegno = anteprima.Anteprima();
+    for (const char* chiave : {"Text1(1)", "List1(1)", "Image1(1)"})
+        disegno.SelezionaControllo(*disegno.Controllo(QLatin1String(chiave)));
+    Salva(anteprima, uscita, "anteprima.png");
     return 0;
 }
