@@ -1,6 +1,9 @@
 #include "operazioni.h"
 
+#include "costruisciform.h"
+#include "frmanteprima.h"
 #include "frmrecord.h"
+#include "mappacampi.h"
 #include "navigazione.h"
 #include "pavimento.h"
 #include "routinesql.h"
@@ -101,6 +104,25 @@ Operazione Conteggio(Banco& b) {
             [&b] { Richiedi(b.pavimento.Massimo() == b.record, "the floor miscounted"); }};
 }
 
+// The designer on a 30-field form saves a layout it has not changed: the same rows each time.
+Operazione Disposizione(Banco& b) {
+    struct Stato {
+        frmAnteprima anteprima;
+        QList<QPair<qint32, QRect>> campi;
+    };
+    auto stato = std::make_shared<Stato>();
+    const qint32 id = CreaCollezioneDisposizione(30).id;
+    CostruisciForm(stato->anteprima, id);
+    stato->anteprima.IdCollezione = id;
+    for (const QWidget* controllo : stato->anteprima.ControlliCampo())
+        stato->campi.append({IdCampo(id, ChiaveControllo(*controllo)), controllo->geometry()});
+    Richiedi(stato->campi.size() == 30 && !stato->campi.contains({0, {}}),
+             "the 30-field form was not mapped");
+    return {QStringLiteral("save a 30-field layout (SalvaDisposizione)"),
+            [stato] { stato->anteprima.SalvaDisposizione(); },
+            [&b, stato, id] { b.pavimento.SalvaDisposizione(id, stato->campi); }};
+}
+
 } // namespace
 
 qint32 RecordNonCaricato(Banco& banco) {
@@ -120,5 +142,6 @@ QList<Operazione> Operazioni(Banco& b) {
             Successivo(b),
             Ultimo(b),
             Eliminazione(b),
-            Conteggio(b)};
+            Conteggio(b),
+            Disposizione(b)};
 }

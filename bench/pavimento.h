@@ -4,6 +4,7 @@
 #include "istruzione.h"
 
 #include <QByteArrayList>
+#include <QRect>
 
 // The least raw SQL that does what each measured operation does, on the same connection and file,
 // with statements prepared once and values bound. Every statement commits on its own, as the
@@ -20,6 +21,8 @@ public:
     void PreparaValori(qint32 n);
     void Inserisci(qint32 n);
     void Elimina(qint32 k);
+    // The layout of a collection's fields written back, all rows in one transaction.
+    void SalvaDisposizione(qint32 idCollezione, const QList<QPair<qint32, QRect>>& campi);
     // Not a floor: puts the store back to n records after a timed insert.
     void TogliOltre(qint32 n);
 
@@ -34,6 +37,7 @@ private:
     Istruzione m_elimina;
     Istruzione m_rinumera;
     Istruzione m_togli;
+    Istruzione m_disposizione;
     Istruzione m_inizia;
     Istruzione m_conferma;
 };
