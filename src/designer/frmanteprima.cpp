@@ -15,7 +15,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QRubberBand>
-#include <limits>
 #include <stdexcept>
 
 namespace {
@@ -43,10 +42,9 @@ frmAnteprima::frmAnteprima(QWidget* parent)
     CreaMenu();
 }
 
-// The frames go before the window's children, whose segments they delete.
-frmAnteprima::~frmAnteprima() {
-    m_cornici.clear();
-}
+// Where the frames' class is complete. As members they go before the window's children, whose
+// segments they delete.
+frmAnteprima::~frmAnteprima() = default;
 
 QMenu* frmAnteprima::Sottomenu(const char* nome, const QString& titolo) {
     QMenu* menu = mnuControlli->addMenu(titolo);

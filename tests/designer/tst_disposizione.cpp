@@ -1,3 +1,4 @@
+#include "archivio.h"
 #include "archiviotemporaneo.h"
 #include "campiprova.h"
 #include "contenitoreanteprima.h"
@@ -62,27 +63,19 @@ private Q_SLOTS:
     void init() {
         m_archivio = std::make_unique<ArchivioTemporaneo>();
         const qint32 id = CreaCollezione("Dischi", QString());
-        AggiungiCampo(id, {{"nome", "Titolo"},
-                           {"etichetta", "Titolo"},
-                           {"left", 20},
-                           {"top", 40},
-                           {"width", 200},
-                           {"height", 22}});
-        AggiungiCampo(id, {{"nome", "Note"},
-                           {"etichetta", "Note"},
-                           {"tipo", "memo"},
-                           {"left", 240},
-                           {"top", 60},
-                           {"width", 150},
-                           {"height", 80}});
-        AggiungiCampo(id, {{"nome", "Copertina"},
-                           {"etichetta", "Copertina"},
-                           {"tipo", "image"},
-                           {"special", "TRUE"},
-                           {"left", 60},
-                           {"top", 170},
-                           {"width", 120},
-                           {"height", 100}});
+        const auto campo = [id](const char* nome, const char* tipo, QRect r) {
+            AggiungiCampo(id, {{"nome", nome},
+                               {"etichetta", nome},
+                               {"tipo", tipo},
+                               {"special", "TRUE"},
+                               {"left", r.x()},
+                               {"top", r.y()},
+                               {"width", r.width()},
+                               {"height", r.height()}});
+        };
+        campo("Titolo", "textbox", {20, 40, 200, 22});
+        campo("Note", "memo", {240, 60, 150, 80});
+        campo("Copertina", "image", {60, 170, 120, 100});
         AggiungiCampo(id, {{"nome", "Usato"}, {"tipo", "checkbox"}, {"left", 420}, {"top", 40}});
         m_finestra = std::make_unique<ContenitoreAnteprima>();
         m_finestra->Costruisci(id);
@@ -218,8 +211,9 @@ private Q_SLOTS:
         QTest::addColumn<int>("tasto");
         QTest::addColumn<int>("modificatori");
         QTest::addColumn<QSize>("cambio");
-        const int ctrl = (Qt::ControlModifier | Qt::KeypadModifier).toInt();
-        const int alt = (Qt::AltModifier | Qt::KeypadModifier).toInt();
+        const int ctrl = int((Qt::ControlModifier | Qt::KeypadModifier).toInt());
+        const int alt = int((Qt::AltModifier | Qt::KeypadModifier).toInt());
+        const int maiusc = int((Qt::ShiftModifier | Qt::KeypadModifier).toInt());
         QTest::newRow("altezza +10") << "mnuAUmentaAltezza10" << 0 << 0 << QSize(0, 10);
         QTest::newRow("altezza +50") << "mnuAUmentaAltezza50" << 0 << 0 << QSize(0, 50);
         QTest::newRow("altezza -10") << "mnuDiminuisciAltezza10" << 0 << 0 << QSize(0, -10);
@@ -234,8 +228,7 @@ private Q_SLOTS:
         QTest::newRow("Alt -") << "" << int(Qt::Key_Minus) << alt << QSize(0, -10);
         QTest::newRow("Ctrl + fuori dal tastierino")
             << "" << int(Qt::Key_Plus) << int(Qt::ControlModifier) << QSize(0, 0);
-        QTest::newRow("Maiusc +") << "" << int(Qt::Key_Plus)
-                                  << int((Qt::ShiftModifier | Qt::KeypadModifier).toInt()) << QSize(0, 0);
+        QTest::newRow("Maiusc +") << "" << int(Qt::Key_Plus) << maiusc << QSize(0, 0);
         QTest::newRow("Ctrl *") << "" << int(Qt::Key_Asterisk) << ctrl << QSize(0, 0);
     }
 
@@ -248,15 +241,16 @@ private Q_SLOTS:
         if (!comando.isEmpty())
             A().findChild<QAction*>(comando)->trigger();
         else
-            QTest::keyRelease(&A(), Qt::Key(tasto), Qt::KeyboardModifiers(modificatori));
+            QTest::keyRelease(m_finestra->windowHandle(), Qt::Key(tasto),
+                              Qt::KeyboardModifiers(modificatori));
         const QString memo = QString("240,60 %1x%2").arg(150 + cambio.width()).arg(80 + cambio.height());
         const QString immagine = QString("60,170 %1x%2").arg(120 + cambio.width()).arg(100 + cambio.height());
         QCOMPARE(Disposizione(), (QStringList{"20,40 200x22", memo, immagine}));
         QCOMPARE(A().Salvato(), cambio.isNull());
     }
 
-    // A size that would go below 0 stops the command at that control, with a message, and the
-    // designer goes on.
+    // A size that would go below 0 stops the command at that control, with a message; nothing
+    // negative reaches the store and the designer goes on.
     void misuraNegativa() {
         Seleziona({"Memo1(1)", "Image1(1)"});
         InterazioneScriptata script;
@@ -271,8 +265,10 @@ private Q_SLOTS:
                       "Orvix", Pulsanti::Ok, Icona::Critica}));
         QCOMPARE(C("Memo1(1)").width(), 0);
         QCOMPARE(C("Image1(1)").width(), 20);
-        QTest::keyRelease(&A(), Qt::Key_Plus, Qt::ControlModifier | Qt::KeypadModifier);
-        QCOMPARE(C("Image1(1)").width(), 30);
+        QTest::keyRelease(m_finestra->windowHandle(), Qt::Key_Plus, Qt::ControlModifier | Qt::KeypadModifier);
+        A().mnuSalva->trigger();
+        Recordset larghezze = Database().ApriRecordset("select group_concat(width, ' ') from campi");
+        QCOMPARE(larghezze.Campo(0).toString(), QString("200 10 30 120"));
     }
 };
 
