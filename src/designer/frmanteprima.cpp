@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QRubberBand>
+#include <array>
 #include <stdexcept>
 
 namespace {
@@ -30,6 +31,11 @@ constexpr int AltezzaMinima = 480;
 
 QString Numero(int n) {
     return QString::number(n);
+}
+
+// Left, Top, Width, Height: in the order of frmAnteprima::Proprieta.
+std::array<int, 4> Geometria(const QWidget& controllo) {
+    return {controllo.x(), controllo.y(), controllo.width(), controllo.height()};
 }
 
 } // namespace
@@ -192,43 +198,23 @@ void frmAnteprima::SpostaEtichettaControllo(const QWidget& controllo) {
 }
 
 int frmAnteprima::Leggi(const QWidget& controllo, Proprieta proprieta) {
-    switch (proprieta) {
-    case Proprieta::Left:
-        return controllo.x();
-    case Proprieta::Top:
-        return controllo.y();
-    case Proprieta::Width:
-        return controllo.width();
-    case Proprieta::Height:
-        break;
-    }
-    return controllo.height();
+    return Geometria(controllo).at(static_cast<std::size_t>(proprieta));
 }
 
 void frmAnteprima::Scrivi(QWidget& controllo, Proprieta proprieta, int valore) {
     static const char* const nomi[] = {"Left", "Top", "Width", "Height"};
+    const auto indice = static_cast<std::size_t>(proprieta);
     if (valore < 0 || valore > MassimoCoordinata)
         throw std::runtime_error(QStringLiteral("Valore non valido per la proprietà %1 del controllo: %2 "
                                                 "(ammessi i valori da 0 a %3).")
-                                     .arg(QLatin1String(nomi[static_cast<int>(proprieta)]))
+                                     .arg(QLatin1String(nomi[indice]))
                                      .arg(valore)
                                      .arg(MassimoCoordinata)
                                      .toLocal8Bit()
                                      .toStdString());
-    switch (proprieta) {
-    case Proprieta::Left:
-        controllo.move(valore, controllo.y());
-        break;
-    case Proprieta::Top:
-        controllo.move(controllo.x(), valore);
-        break;
-    case Proprieta::Width:
-        controllo.resize(valore, controllo.height());
-        break;
-    case Proprieta::Height:
-        controllo.resize(controllo.width(), valore);
-        break;
-    }
+    std::array<int, 4> geometria = Geometria(controllo);
+    geometria.at(indice) = valore;
+    controllo.setGeometry(geometria[0], geometria[1], geometria[2], geometria[3]);
 }
 
 QList<QWidget*> frmAnteprima::Selezionati(bool soloVisibili) const {
