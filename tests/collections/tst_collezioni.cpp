@@ -230,7 +230,8 @@ private Q_SLOTS:
         InterazioneScriptata script;
         script.Rispondi(Risposta::Ok);
         f.form.mnuAnteprima->trigger();
-        QCOMPARE(script.TestiMessaggi(), QStringList{"Selezionare una Collezione dall'apposita Lista"});
+        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                 Descrivi({"Selezionare una Collezione dall'apposita Lista", "Orvix"}));
         f.form.List1->setCurrentRow(0);
         script.Modale([id](QDialog& finestra) {
             QCOMPARE(finestra.findChild<frmAnteprima*>()->IdCollezione, id);

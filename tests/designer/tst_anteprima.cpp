@@ -1,67 +1,84 @@
-#include "aprianteprima.h"
 #include "archivio.h"
 #include "archiviotemporaneo.h"
 #include "campiprova.h"
 #include "contenitoreanteprima.h"
+#include "corniceselezione.h"
 #include "frmanteprima.h"
 #include "interazionescriptata.h"
 #include "mappacampi.h"
 #include "routinesql.h"
 
 #include <QAction>
-#include <QDialog>
+#include <QCheckBox>
+#include <QCursor>
+#include <QLineEdit>
+#include <QMenu>
+#include <QRegularExpression>
 #include <QTest>
-#include <functional>
 #include <memory>
 
 namespace {
 
-// Every row of a table, one line each, in rowid order.
-QStringList Righe(const QString& tabella) {
-    QStringList righe;
-    Recordset rs = Database().ApriRecordset("select * from " + tabella + " order by rowid");
-    for (; !rs.Fine(); rs.Successivo()) {
-        QStringList campi;
-        for (int i = 0; i < rs.NumeroColonne(); ++i)
-            campi << rs.Campo(i).toString();
-        righe << campi.join('|');
-    }
-    return righe;
+QString Testo(const QRect& r) {
+    return QString("%1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
 }
 
-QString Disposizione(qint32 idCampo) {
+QString Archiviato(qint32 idCampo) {
     Recordset rs = Database().ApriRecordset(
         QString("select \"left\", top, width, height from campi where id=%1").arg(idCampo));
-    return QString("%1,%2 %3x%4")
-        .arg(rs.Campo(0).toInt())
-        .arg(rs.Campo(1).toInt())
-        .arg(rs.Campo(2).toInt())
-        .arg(rs.Campo(3).toInt());
+    return Testo(QRect(rs.Campo(0).toInt(), rs.Campo(1).toInt(), rs.Campo(2).toInt(), rs.Campo(3).toInt()));
 }
 
-const Messaggio domanda{"La disposizione dei Controlli è stata cambiata.\r\n"
-                        "Si desidera salvare le modifiche prima di chiudere?",
-                        "Salvare le modifiche?", Pulsanti::SiNo, Icona::Nessuna};
+QString Valori() {
+    return Database()
+        .ApriRecordset("select group_concat(id_campo || valore) from valori")
+        .Campo(0)
+        .toString();
+}
+
+const QStringList partenza{"20,40 200x22", "240,60 150x80", "60,170 120x100"};
 
 } // namespace
 
-// Opening the layout designer, saving the layout into campi and
-// the question on closing.
+// The layout designer on a shown window: selecting, dragging, aligning and resizing with the
+// mouse, the keyboard and the popup menu; saving into campi; the question on closing.
 class TestAnteprima final : public QObject {
     Q_OBJECT
 
 private:
     std::unique_ptr<ArchivioTemporaneo> m_archivio;
+    std::unique_ptr<ContenitoreAnteprima> m_finestra;
     qint32 m_id = 0;
     QList<qint32> m_campi;
 
-    // Opens the designer and acts on it while it is shown.
-    void Apri(InterazioneScriptata& script, const std::function<void(frmAnteprima&)>& azione,
-              const QList<Risposta>& risposte = {}) {
-        script.Modale([&](QDialog& finestra) { azione(*finestra.findChild<frmAnteprima*>()); });
-        for (const Risposta risposta : risposte)
-            script.Rispondi(risposta);
-        ApriAnteprima(m_id);
+    frmAnteprima& A() { return m_finestra->Anteprima(); }
+    QWidget& C(const QString& chiave) { return *A().Controllo(chiave); }
+    void Comando(const QString& nome) { A().findChild<QAction*>(nome)->trigger(); }
+    void Seleziona(const QStringList& chiavi) {
+        for (const QString& chiave : chiavi)
+            A().SelezionaControllo(C(chiave));
+    }
+
+    // Mouse events go through the window, as the platform delivers them.
+    void Mouse(QTest::MouseAction azione, QPoint punto, Qt::KeyboardModifiers tasti = {},
+               Qt::MouseButton tasto = Qt::LeftButton) {
+        QTest::mouseEvent(azione, m_finestra->windowHandle(), tasto, tasti,
+                          A().mapTo(m_finestra.get(), punto));
+    }
+    void Clic(const QString& chiave, Qt::KeyboardModifiers tasti = {}) {
+        Mouse(QTest::MouseClick, C(chiave).pos() + QPoint(4, 4), tasti);
+    }
+
+    // The text box, the memo and the picture, each marked when its label is not 20 pixels above it.
+    QStringList Disposizione() {
+        QStringList righe;
+        for (const QString& chiave : QStringList{"Text1(1)", "Memo1(1)", "Image1(1)"}) {
+            righe << Testo(C(chiave).geometry());
+            for (const QWidget* elemento : A().Elementi())
+                if (elemento->property("Tag") == chiave && elemento->pos() != C(chiave).pos() - QPoint(0, 20))
+                    righe.last() += " label astray";
+        }
+        return righe;
     }
 
 private Q_SLOTS:
@@ -70,148 +87,282 @@ private Q_SLOTS:
     void init() {
         m_archivio = std::make_unique<ArchivioTemporaneo>();
         m_id = CreaCollezione("Dischi", QString());
-        m_campi = {AggiungiCampo(m_id, {{"nome", "Titolo"},
-                                        {"etichetta", "Titolo"},
-                                        {"tooltip", "Il titolo"},
-                                        {"left", 20},
-                                        {"top", 40},
-                                        {"width", 200},
-                                        {"height", 22}}),
-                   AggiungiCampo(m_id, {{"nome", "Anno"}, {"left", 240}, {"top", 40}, {"width", 60}}),
-                   AggiungiCampo(m_id, {{"nome", "Copertina"},
-                                        {"tipo", "image"},
-                                        {"special", "TRUE"},
-                                        {"left", 20},
-                                        {"top", 100},
-                                        {"width", 120},
-                                        {"height", 90}})};
-        for (int n = 1; n <= 2; ++n)
-            for (const qint32 campo : m_campi)
-                ScriviValore(campo, n, QString("valore %1").arg(n));
+        m_campi.clear();
+        const QStringList tipi{"textbox", "memo", "image"};
+        for (const QString& riga : partenza) {
+            const QString tipo = tipi.at(m_campi.size());
+            const QStringList n = riga.split(QRegularExpression("[, x]"));
+            QVariantHash campo{{"nome", tipo}, {"etichetta", tipo}, {"tipo", tipo}, {"special", "TRUE"}};
+            campo.insert(
+                {{"left", n[0]}, {"top", n[1]}, {"width", n[2]}, {"height", n[3]}, {"tooltip", "x"}});
+            m_campi << AggiungiCampo(m_id, campo);
+            ScriviValore(m_campi.last(), 1, "uno");
+        }
+        AggiungiCampo(m_id, {{"nome", "Usato"}, {"tipo", "checkbox"}, {"left", 420}, {"top", 40}});
+        m_finestra = std::make_unique<ContenitoreAnteprima>();
+        m_finestra->Costruisci(m_id);
+        m_finestra->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_finestra.get()));
+        QCOMPARE(Disposizione(), partenza); // no toolbar to make room for
+        QCOMPARE(C("Text1(1)").toolTip(), QString());
     }
 
-    void cleanup() { m_archivio.reset(); }
+    void cleanup() {
+        m_finestra.reset();
+        m_archivio.reset();
+    }
 
-    void apertura() {
+    void selezione() {
+        Clic("Text1(1)");
+        Clic("Image1(1)", Qt::ControlModifier);
+        Clic("Text1(1)", Qt::ControlModifier); // already selected: listed once
+        QCOMPARE(A().Selezione(), (QStringList{"Text1(1)", "Image1(1)"}));
+        QCOMPARE(A().Cornici().size(), std::size_t{2});
+        QRect cornice; // the four segments lie around the control, outside it
+        for (const QWidget* lato : A().Cornici().front()->Lati()) {
+            QVERIFY(lato->isVisible() && !lato->geometry().intersects(C("Text1(1)").geometry()));
+            cornice |= lato->geometry();
+        }
+        QCOMPARE(cornice, C("Text1(1)").geometry().adjusted(-4, -4, 4, 4));
+
+        Mouse(QTest::MouseClick, QPoint(600, 400), {}, Qt::RightButton);
+        QTRY_VERIFY(A().mnuControlli->isVisible());
+        A().mnuControlli->hide();
+        QCOMPARE(A().Selezione().size(), 2);
+
+        // Clicks and keys never reach a control: nothing is typed or toggled.
+        Clic("Text1(1)");
+        QTest::keyClick(m_finestra->windowHandle(), 'a');
+        Clic("Check1(1)");
+        QCOMPARE(static_cast<QLineEdit&>(C("Text1(1)")).text(), QString());
+        QVERIFY(!static_cast<QCheckBox&>(C("Check1(1)")).isChecked());
+        QCOMPARE(A().Selezione(), QStringList{"Check1(1)"});
+
+        Mouse(QTest::MouseClick, QPoint(600, 400)); // the bare form
+        QVERIFY(A().Selezione().isEmpty() && A().Cornici().empty());
+        QVERIFY(A().Salvato());
+    }
+
+    void rilascio_data() {
+        QTest::addColumn<QString>("chiave");
+        QTest::addColumn<QPoint>("punto");
+        QTest::addColumn<QPoint>("atteso");
+        QTest::newRow("testo") << "Text1(1)" << QPoint(300, 300) << QPoint(200, 289);
+        QTest::newRow("casella, metà intera") << "Check1(1)" << QPoint(500, 100) << QPoint(440, 90);
+        QTest::newRow("immagine al bordo") << "Image1(1)" << QPoint(10, 5) << QPoint(0, 0);
+    }
+
+    void rilascio() {
+        QFETCH(QString, chiave);
+        QFETCH(QPoint, punto);
+        QFETCH(QPoint, atteso);
+        Seleziona({"Text1(1)", "Memo1(1)", "Check1(1)"});
+        const QSize dimensione = C(chiave).size();
+        A().Form_DragDrop(C(chiave), punto);
+        QCOMPARE(C(chiave).geometry(), QRect(atteso, dimensione));
+        QCOMPARE(A().Selezione(), QStringList{chiave});
+        QVERIFY(!Disposizione().join(' ').contains("astray"));
+        QVERIFY(!A().Salvato());
+    }
+
+    // The pointer first goes to the control's centre; the control lands centred where it is let go.
+    void trascinamento() {
+        Seleziona({"Text1(1)"});
+        Mouse(QTest::MousePress, QPoint(250, 70));
+        Mouse(QTest::MouseMove, QPoint(270, 90));
+        QCOMPARE(QCursor::pos(), A().mapToGlobal(QPoint(240 + 75, 60 + 40)));
+        Mouse(QTest::MouseMove, QPoint(400, 300));
+        Mouse(QTest::MouseRelease, QPoint(400, 300));
+        QCOMPARE(C("Memo1(1)").geometry(), QRect(325, 260, 150, 80));
+        QCOMPARE(A().Selezione(), QStringList{"Memo1(1)"});
+
+        const QStringList prima = Disposizione(); // let go outside the form, nothing lands
+        Mouse(QTest::MousePress, QPoint(30, 50));
+        Mouse(QTest::MouseMove, QPoint(100, 100));
+        Mouse(QTest::MouseRelease, QPoint(-5, 100));
+        QCOMPARE(Disposizione(), prima);
+    }
+
+    void allinea_data() {
+        QTest::addColumn<QStringList>("selezione");
+        QTest::addColumn<QString>("comando");
+        QTest::addColumn<QStringList>("attesa");
+        const QStringList tre{"Text1(1)", "Memo1(1)", "Image1(1)"};
+        const QStringList due{"Memo1(1)", "Image1(1)"};
+        QTest::newRow("alto") << tre << "mnuAllineaAlto"
+                              << QStringList{"20,40 200x22", "240,40 150x80", "60,40 120x100"};
+        QTest::newRow("basso") << tre << "mnuAllineaBasso"
+                               << QStringList{"20,248 200x22", "240,190 150x80", partenza[2]};
+        QTest::newRow("sinistra") << tre << "mnuAllineaSinistra"
+                                  << QStringList{partenza[0], "20,60 150x80", "20,170 120x100"};
+        QTest::newRow("destra") << tre << "mnuAllineaDestra"
+                                << QStringList{"190,40 200x22", partenza[1], "270,170 120x100"};
+        QTest::newRow("altezza") << tre << "mnuUgualeAltezza"
+                                 << QStringList{partenza[0], "240,60 150x22", "60,170 120x22"};
+        QTest::newRow("larghezza") << tre << "mnuUgualeLarghezza"
+                                   << QStringList{"20,40 120x22", "240,60 120x80", partenza[2]};
+        QTest::newRow("entrambe, due")
+            << due << "mnuUgualeEntrambe" << QStringList{partenza[0], "240,60 120x80", "60,170 120x80"};
+        for (const char* comando :
+             {"mnuAllineaAlto", "mnuAllineaBasso", "mnuAllineaSinistra", "mnuAllineaDestra",
+              "mnuUgualeAltezza", "mnuUgualeLarghezza", "mnuUgualeEntrambe"})
+            QTest::addRow("%s, niente selezionato", comando) << QStringList() << comando << partenza;
+    }
+
+    void allinea() {
+        QFETCH(QStringList, selezione);
+        QFETCH(QString, comando);
+        QFETCH(QStringList, attesa);
+        Seleziona(selezione);
+        Comando(comando);
+        QCOMPARE(Disposizione(), attesa);
+        QVERIFY(!A().Salvato()); // a change even when nothing moved
+    }
+
+    void passi_data() {
+        QTest::addColumn<QString>("comando"); // a menu item, or else the key released on the form
+        QTest::addColumn<int>("tasto");
+        QTest::addColumn<QSize>("cambio");
+        const auto tasto = [](Qt::Key k, Qt::KeyboardModifiers m) {
+            return QKeyCombination(m, k).toCombined();
+        };
+        const Qt::KeyboardModifiers ctrl = Qt::ControlModifier | Qt::KeypadModifier;
+        const Qt::KeyboardModifiers alt = Qt::AltModifier | Qt::KeypadModifier;
+        QTest::newRow("altezza +10") << "mnuAUmentaAltezza10" << 0 << QSize(0, 10);
+        QTest::newRow("altezza +50") << "mnuAUmentaAltezza50" << 0 << QSize(0, 50);
+        QTest::newRow("altezza -10") << "mnuDiminuisciAltezza10" << 0 << QSize(0, -10);
+        QTest::newRow("altezza -50") << "mnuDiminuisciAltezza50" << 0 << QSize(0, -50);
+        QTest::newRow("larghezza +10") << "mnuAumentaLarghezza10" << 0 << QSize(10, 0);
+        QTest::newRow("larghezza +50") << "mnuAumentaLarghezza50" << 0 << QSize(50, 0);
+        QTest::newRow("larghezza -10") << "mnuDiminuisciLarghezza10" << 0 << QSize(-10, 0);
+        QTest::newRow("larghezza -50") << "mnuDiminuisciLarghezza50" << 0 << QSize(-50, 0);
+        QTest::newRow("Ctrl +") << "" << tasto(Qt::Key_Plus, ctrl) << QSize(10, 0);
+        QTest::newRow("Ctrl -") << "" << tasto(Qt::Key_Minus, ctrl) << QSize(-10, 0);
+        QTest::newRow("Alt +") << "" << tasto(Qt::Key_Plus, alt) << QSize(0, 10);
+        QTest::newRow("Alt -") << "" << tasto(Qt::Key_Minus, alt) << QSize(0, -10);
+        QTest::newRow("Ctrl + di tastiera") << "" << tasto(Qt::Key_Plus, Qt::ControlModifier) << QSize(0, 0);
+        QTest::newRow("Maiusc +") << "" << tasto(Qt::Key_Plus, Qt::ShiftModifier | Qt::KeypadModifier)
+                                  << QSize(0, 0);
+    }
+
+    void passi() {
+        QFETCH(QString, comando);
+        QFETCH(int, tasto);
+        QFETCH(QSize, cambio);
+        Seleziona({"Memo1(1)", "Image1(1)"});
+        const QKeyCombination combinazione = QKeyCombination::fromCombined(tasto);
+        if (!comando.isEmpty())
+            Comando(comando);
+        else
+            QTest::keyRelease(m_finestra->windowHandle(), combinazione.key(),
+                              combinazione.keyboardModifiers());
+        const QSize memo = QSize(150, 80) + cambio;
+        const QSize immagine = QSize(120, 100) + cambio;
+        QCOMPARE(Disposizione(), (QStringList{partenza[0], Testo(QRect(QPoint(240, 60), memo)),
+                                              Testo(QRect(QPoint(60, 170), immagine))}));
+        QCOMPARE(A().Salvato(), cambio.isNull());
+    }
+
+    // A size that would go below 0 stops the command at that control, with a message; nothing
+    // negative reaches the store and the designer goes on.
+    void misuraNegativa() {
+        Seleziona({"Memo1(1)", "Image1(1)"});
         InterazioneScriptata script;
         script.Rispondi(Risposta::Ok);
-        ApriAnteprima(-1);
+        for (int i = 0; i < 3; ++i)
+            A().mnuDiminuisciLarghezza50->trigger();
         VERIFICA_SCRIPT(script);
         QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
-                 Descrivi({"Selezionare una Collezione dall'apposita Lista", "Orvix"}));
-
-        // Built like the record window but for the toolbar's shift and the tooltips.
-        Apri(script, [this](frmAnteprima& a) {
-            QCOMPARE(a.IdCollezione, m_id);
-            QCOMPARE(a.Controllo("Text1(1)")->geometry(), QRect(20, 40, 200, 22));
-            QCOMPARE(a.Controllo("Text1(1)")->toolTip(), QString());
-            QCOMPARE(a.Controllo("Label1(1)")->pos(), QPoint(20, 20));
-            QCOMPARE(a.Controllo("Image1(1)")->geometry(), QRect(20, 100, 120, 90));
-            QCOMPARE(IdCampo(m_id, "Image1(1)"), m_campi.at(2));
-            a.mnuEsci->trigger();
-        });
-        VERIFICA_SCRIPT(script);
+                 Descrivi({"Valore non valido per la proprietà Width del controllo: -30 (ammessi i valori da "
+                           "0 a 32767).",
+                           "Orvix", Pulsanti::Ok, Icona::Critica}));
+        A().mnuAumentaLarghezza10->trigger();
+        A().mnuSalva->trigger();
+        QCOMPARE(Archiviato(m_campi[1]) + " " + Archiviato(m_campi[2]),
+                 QString("240,60 10x80 60,170 30x100"));
     }
 
-    // The layout goes into campi, row by row through the field map; values are never touched.
+    // The layout goes into campi through the field map; values are never touched.
     void salvataggio() {
-        const qint32 altra = CreaCollezione("Libri", QString());
-        const qint32 estraneo = AggiungiCampo(altra, {{"nome", "Autore"}});
-        const QStringList valori = Righe("valori");
-        const QString anno = Disposizione(m_campi.at(1));
-        InterazioneScriptata script;
-        Apri(script, [&](frmAnteprima& a) {
-            a.Form_DragDrop(*a.Controllo("Text1(1)"), QPoint(300, 211));
-            a.SelezionaControllo(*a.Controllo("Image1(1)"));
-            a.mnuAumentaLarghezza50->trigger();
-            a.SelezionaControllo(*a.Controllo("Text1(2)"));
-            a.mnuAUmentaAltezza10->trigger();
-            // A control the map does not know is skipped, and a stale entry never reaches another
-            // collection's field.
-            RegistraCampo(m_id, "Text1(2)", 0);
-            RegistraCampo(m_id, "Image1(1)", estraneo);
-            a.mnuSalva->trigger();
-            QVERIFY(a.Salvato());
-            a.mnuEsci->trigger();
-        });
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(Disposizione(m_campi.at(0)), QString("200,200 250x32"));
-        QCOMPARE(Disposizione(m_campi.at(1)), anno);
-        QCOMPARE(Disposizione(m_campi.at(2)), QString("20,100 120x90"));
-        QCOMPARE(Disposizione(estraneo), QString("10,30 120x21"));
-        QCOMPARE(Righe("valori"), valori);
+        const qint32 estraneo = AggiungiCampo(CreaCollezione("Libri", QString()), {{"nome", "Autore"}});
+        const QString valori = Valori();
+        A().Form_DragDrop(C("Text1(1)"), QPoint(300, 211));
+        Seleziona({"Memo1(1)", "Image1(1)"});
+        A().mnuAumentaLarghezza50->trigger();
+        // A control the map does not know is skipped; a stale entry never reaches another collection.
+        RegistraCampo(m_id, "Memo1(1)", 0);
+        RegistraCampo(m_id, "Image1(1)", estraneo);
+        A().mnuSalva->trigger();
+        QVERIFY(A().Salvato());
+        const QStringList archiviati{Archiviato(m_campi[0]), Archiviato(m_campi[1]), Archiviato(m_campi[2]),
+                                     Archiviato(estraneo)};
+        QCOMPARE(archiviati, (QStringList{"200,200 250x22", partenza[1], partenza[2], "10,30 120x21"}));
+        QCOMPARE(Valori(), valori);
     }
 
-    // A save that fails half-way stores none of it, says why, and leaves the layout to save.
+    // A save that fails half-way stores none of it, says why, and leaves the layout unsaved.
     void salvataggioInterrotto() {
-        Database().Esegui("create trigger blocca before update on campi when new.nome='Copertina' "
+        Database().Esegui("create trigger blocca before update on campi when new.nome='image' "
                           "begin select raise(abort, 'vietato'); end");
-        const QStringList campi = Righe("campi");
         InterazioneScriptata script;
-        Apri(script,
-             [](frmAnteprima& a) {
-                 a.Form_DragDrop(*a.Controllo("Text1(1)"), QPoint(300, 300));
-                 a.Form_DragDrop(*a.Controllo("Text1(2)"), QPoint(400, 300));
-                 a.mnuSalva->trigger();
-                 QVERIFY(!a.Salvato());
-                 a.mnuEsci->trigger();
-             },
-             {Risposta::Ok, Risposta::No});
+        script.Rispondi(Risposta::Ok);
+        A().Form_DragDrop(C("Text1(1)"), QPoint(300, 300));
+        A().mnuSalva->trigger();
         VERIFICA_SCRIPT(script);
-        QCOMPARE(script.TestiMessaggi().at(0), QString("vietato"));
-        QCOMPARE(Righe("campi"), campi);
+        QCOMPARE(script.TestiMessaggi(), QStringList{"vietato"});
+        QCOMPARE(Archiviato(m_campi[0]), partenza[0]);
+        QVERIFY(!A().Salvato());
     }
 
     void chiusura_data() {
-        QTest::addColumn<bool>("seleziona");
-        QTest::addColumn<QString>("comando"); // empty: only selecting
+        QTest::addColumn<QString>("comando"); // empty: only a selection
         QTest::addColumn<QString>("modo");
-        QTest::addColumn<int>("risposta"); // -1: nothing asked
+        QTest::addColumn<int>("risposta"); // 0: nothing asked
         QTest::addColumn<QString>("salvato");
         const int si = int(Risposta::Si);
         const int no = int(Risposta::No);
-        const QString esci = "mnuEsci";
-        const QString prima = "20,40 200x22";
-        QTest::newRow("solo selezione") << true << QString() << esci << -1 << prima;
-        QTest::newRow("salvata dal menu") << true << QString("mnuSalva") << esci << -1 << prima;
-        QTest::newRow("allinea senza selezione, No")
-            << false << QString("mnuAllineaAlto") << esci << no << prima;
-        QTest::newRow("più alto, Sì")
-            << true << QString("mnuAUmentaAltezza10") << esci << si << "20,40 200x32";
-        QTest::newRow("più alto, No") << true << QString("mnuAUmentaAltezza10") << esci << no << prima;
-        QTest::newRow("più largo, chiusa, Sì")
-            << true << QString("mnuAumentaLarghezza10") << QString("close") << si << "20,40 210x22";
-        QTest::newRow("più largo, Esc, Sì")
-            << true << QString("mnuAumentaLarghezza10") << QString("Esc") << si << "20,40 210x22";
+        QTest::newRow("solo selezione") << ""
+                                        << "mnuEsci" << 0 << partenza[0];
+        QTest::newRow("salvata dal menu") << "mnuSalva"
+                                          << "mnuEsci" << 0 << partenza[0];
+        QTest::newRow("allinea senza selezione, No") << "mnuAllineaAlto"
+                                                     << "mnuEsci" << no << partenza[0];
+        QTest::newRow("più alto, Sì") << "mnuAUmentaAltezza10"
+                                      << "mnuEsci" << si << "20,40 200x32";
+        QTest::newRow("più alto, No") << "mnuAUmentaAltezza10"
+                                      << "mnuEsci" << no << partenza[0];
+        QTest::newRow("più largo, chiusa, Sì") << "mnuAumentaLarghezza10"
+                                               << "close" << si << "20,40 210x22";
+        QTest::newRow("più largo, Esc, Sì") << "mnuAumentaLarghezza10"
+                                            << "Esc" << si << "20,40 210x22";
     }
 
     void chiusura() {
-        QFETCH(bool, seleziona);
         QFETCH(QString, comando);
         QFETCH(QString, modo);
         QFETCH(int, risposta);
         QFETCH(QString, salvato);
         InterazioneScriptata script;
-        Apri(
-            script,
-            [&](frmAnteprima& a) {
-                if (seleziona)
-                    a.SelezionaControllo(*a.Controllo("Text1(1)"));
-                if (!comando.isEmpty())
-                    a.findChild<QAction*>(comando)->trigger();
-                if (modo == "mnuEsci")
-                    a.mnuEsci->trigger();
-                else if (modo == "close")
-                    a.window()->close();
-                else
-                    QTest::keyClick(a.window(), Qt::Key_Escape);
-                QVERIFY(!a.window()->isVisible()); // whatever the answer, the window goes
-            },
-            risposta >= 0 ? QList<Risposta>{Risposta(risposta)} : QList<Risposta>());
+        if (risposta)
+            script.Rispondi(Risposta(risposta));
+        if (comando != "mnuAllineaAlto")
+            Seleziona({"Text1(1)"});
+        if (!comando.isEmpty())
+            Comando(comando);
+        if (modo == "mnuEsci")
+            A().mnuEsci->trigger();
+        else if (modo == "close")
+            m_finestra->close();
+        else
+            QTest::keyClick(m_finestra.get(), Qt::Key_Escape);
+        QVERIFY(!m_finestra->isVisible()); // whatever the answer, the window goes
         VERIFICA_SCRIPT(script);
-        if (risposta >= 0)
-            QCOMPARE(Descrivi(script.Richieste().at(1).messaggio), Descrivi(domanda));
-        QCOMPARE(Disposizione(m_campi.at(0)), salvato);
+        if (risposta)
+            QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                     Descrivi({"La disposizione dei Controlli è stata cambiata.\r\n"
+                               "Si desidera salvare le modifiche prima di chiudere?",
+                               "Salvare le modifiche?", Pulsanti::SiNo}));
+        QCOMPARE(Archiviato(m_campi[0]), salvato);
     }
 };
 
