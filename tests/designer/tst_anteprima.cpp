@@ -321,20 +321,16 @@ private Q_SLOTS:
         QTest::addColumn<QString>("salvato");
         const int si = int(Risposta::Si);
         const int no = int(Risposta::No);
-        QTest::newRow("solo selezione") << ""
-                                        << "mnuEsci" << 0 << partenza[0];
-        QTest::newRow("salvata dal menu") << "mnuSalva"
-                                          << "mnuEsci" << 0 << partenza[0];
-        QTest::newRow("allinea senza selezione, No") << "mnuAllineaAlto"
-                                                     << "mnuEsci" << no << partenza[0];
-        QTest::newRow("più alto, Sì") << "mnuAUmentaAltezza10"
-                                      << "mnuEsci" << si << "20,40 200x32";
-        QTest::newRow("più alto, No") << "mnuAUmentaAltezza10"
-                                      << "mnuEsci" << no << partenza[0];
-        QTest::newRow("più largo, chiusa, Sì") << "mnuAumentaLarghezza10"
-                                               << "close" << si << "20,40 210x22";
-        QTest::newRow("più largo, Esc, Sì") << "mnuAumentaLarghezza10"
-                                            << "Esc" << si << "20,40 210x22";
+        const QString esci = "mnuEsci";
+        const QString altezza = "mnuAUmentaAltezza10";
+        QTest::newRow("solo selezione") << QString() << esci << 0 << partenza[0];
+        QTest::newRow("salvata dal menu") << QString("mnuSalva") << esci << 0 << partenza[0];
+        QTest::newRow("allinea senza selezione, No")
+            << QString("mnuAllineaAlto") << esci << no << partenza[0];
+        QTest::newRow("più alto, Sì") << altezza << esci << si << "20,40 200x32";
+        QTest::newRow("più alto, No") << altezza << esci << no << partenza[0];
+        QTest::newRow("più alto, chiusa, Sì") << altezza << QString("close") << si << "20,40 200x32";
+        QTest::newRow("più alto, Esc, Sì") << altezza << QString("Esc") << si << "20,40 200x32";
     }
 
     void chiusura() {
