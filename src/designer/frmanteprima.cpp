@@ -17,6 +17,7 @@
 #include <QRubberBand>
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
