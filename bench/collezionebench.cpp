@@ -79,6 +79,18 @@ QList<qint32> IdCampi(qint32 idCollezione) {
     return ids;
 }
 
+qint32 CreaConCampi(const QString& nome, const QList<DefinizioneCampo>& definizioni) {
+    const qint32 id = CreaCollezione(nome, QStringLiteral("Collezione del banco di misura"));
+    if (id < 0)
+        throw std::runtime_error("the collection already exists in a store meant to be empty");
+    Recordset rs = Database().ApriRecordset(QStringLiteral("select * from campi where id_collezione=") +
+                                            QString::number(id));
+    for (int i = 0; i < definizioni.size(); ++i)
+        AggiungiCampo(rs, id, definizioni.at(i), i);
+    rs.Chiudi();
+    return id;
+}
+
 } // namespace
 
 const QList<DefinizioneCampo>& DefinizioniCampi() {
@@ -107,15 +119,19 @@ const QList<DefinizioneCampo>& DefinizioniCampi() {
 
 CollezioneBench CreaCollezioneBench() {
     CollezioneBench collezione;
-    collezione.id =
-        CreaCollezione(QStringLiteral("Biblioteca"), QStringLiteral("Collezione del banco di misura"));
-    if (collezione.id < 0)
-        throw std::runtime_error("the collection already exists in a store meant to be empty");
-    Recordset rs = Database().ApriRecordset(QStringLiteral("select * from campi where id_collezione=") +
-                                            QString::number(collezione.id));
-    for (int i = 0; i < DefinizioniCampi().size(); ++i)
-        AggiungiCampo(rs, collezione.id, DefinizioniCampi().at(i), i);
-    rs.Chiudi();
+    collezione.id = CreaConCampi(QStringLiteral("Biblioteca"), DefinizioniCampi());
     collezione.idCampi = IdCampi(collezione.id);
+    return collezione;
+}
+
+CollezioneBench CreaCollezioneDisposizione(int campi) {
+    QList<DefinizioneCampo> definizioni;
+    for (int i = 1; i <= campi; ++i)
+        definizioni.append(
+            {QStringLiteral("Campo ") + Numero(i), QStringLiteral("textbox"), {}, {}, nullptr});
+    CollezioneBench collezione;
+    collezione.id = CreaConCampi(QStringLiteral("Disposizione"), definizioni);
+    for (const VoceElenco& campo : ElencoCampi(collezione.id))
+        collezione.idCampi << campo.id;
     return collezione;
 }

@@ -24,3 +24,6 @@ struct CollezioneBench {
 
 // Creates the collection and its field rows through the program's routines.
 CollezioneBench CreaCollezioneBench();
+// A second collection of `campi` text boxes with no records, laid out the same way: the form whose
+// layout the designer saves.
+CollezioneBench CreaCollezioneDisposizione(int campi);

@@ -1,7 +1,10 @@
 #include "operazioni.h"
 
+#include "costruisciform.h"
+#include "frmanteprima.h"
 #include "frmfind.h"
 #include "frmrecord.h"
+#include "mappacampi.h"
 #include "navigazione.h"
 #include "pavimento.h"
 #include "risultatiricerca.h"
@@ -137,6 +140,27 @@ Operazione Ricerca(Banco& b, const QString& nome, const QString& testo, bool esa
     return o;
 }
 
+// The designer on a 30-field form saves a layout it has not changed: the same rows each time.
+Operazione Disposizione(Banco& b) {
+    struct Stato {
+        frmAnteprima anteprima;
+        QList<QPair<qint32, QRect>> campi;
+    };
+    auto stato = std::make_shared<Stato>();
+    const qint32 id = CreaCollezioneDisposizione(30).id;
+    CostruisciForm(stato->anteprima, id);
+    stato->anteprima.IdCollezione = id;
+    for (const QWidget* controllo : stato->anteprima.ControlliCampo())
+        stato->campi.append({IdCampo(id, ChiaveControllo(*controllo)), controllo->geometry()});
+    Richiedi(stato->campi.size() == 30 && !stato->campi.contains({0, {}}),
+             "the 30-field form was not mapped");
+    Operazione o{QStringLiteral("save a 30-field layout (SalvaDisposizione)"),
+                 [stato] { stato->anteprima.SalvaDisposizione(); },
+                 [&b, stato, id] { b.pavimento.SalvaDisposizione(id, stato->campi); }};
+    o.obiettivo = 1.5;
+    return o;
+}
+
 } // namespace
 
 qint32 RecordNonCaricato(Banco& banco) {
@@ -159,5 +183,6 @@ QList<Operazione> Operazioni(Banco& b) {
             // A record before the middle one: the delete's renumbering leaves its title in place.
             Ricerca(b, QStringLiteral("search, whole value (one record)"),
                     DefinizioniCampi().at(0).valore(b.record / 4), true, 1.5),
-            Ricerca(b, QStringLiteral("search matching every record"), QStringLiteral("Titolo"), false, 3.0)};
+            Ricerca(b, QStringLiteral("search matching every record"), QStringLiteral("Titolo"), false, 3.0),
+            Disposizione(b)};
 }

@@ -32,6 +32,8 @@ Pavimento::Pavimento(const CollezioneBench& collezione)
     , m_rinumera(QStringLiteral("update valori set numerorecord=numerorecord-1 where numerorecord>?2 and ") +
                  CampiDellaCollezione())
     , m_togli(QStringLiteral("delete from valori where numerorecord>?2 and ") + CampiDellaCollezione())
+    , m_disposizione(QStringLiteral("update campi set \"left\"=?3, top=?4, height=?5, width=?6 "
+                                    "where id=?2 and id_collezione=?1"))
     , m_inizia(QStringLiteral("begin"))
     , m_conferma(QStringLiteral("commit")) {}
 
@@ -79,6 +81,19 @@ void Pavimento::Elimina(qint32 k) {
     m_inizia.Esegui();
     m_elimina.Lega(1, m_collezione.id).Lega(2, k).Esegui();
     m_rinumera.Lega(1, m_collezione.id).Lega(2, k).Esegui();
+    m_conferma.Esegui();
+}
+
+void Pavimento::SalvaDisposizione(qint32 idCollezione, const QList<QPair<qint32, QRect>>& campi) {
+    m_inizia.Esegui();
+    for (const auto& [idCampo, r] : campi)
+        m_disposizione.Lega(1, idCollezione)
+            .Lega(2, idCampo)
+            .Lega(3, r.x())
+            .Lega(4, r.y())
+            .Lega(5, r.height())
+            .Lega(6, r.width())
+            .Esegui();
     m_conferma.Esegui();
 }
 

@@ -4,6 +4,7 @@
 #include "istruzione.h"
 
 #include <QByteArrayList>
+#include <QRect>
 #include <map>
 #include <memory>
 
@@ -24,6 +25,8 @@ public:
     void Elimina(qint32 k);
     // Not a floor: drops every decrypted page the connection holds, as a store just opened has none.
     void SvuotaCache();
+    // The layout of a collection's fields written back, all rows in one transaction.
+    void SalvaDisposizione(qint32 idCollezione, const QList<QPair<qint32, QRect>>& campi);
     // Not a floor: puts the store back to n records after a timed insert.
     void TogliOltre(qint32 n);
     // A search: the field's id by its name, then its matching value rows, each statement prepared
@@ -41,6 +44,7 @@ private:
     Istruzione m_elimina;
     Istruzione m_rinumera;
     Istruzione m_togli;
+    Istruzione m_disposizione;
     Istruzione m_inizia;
     Istruzione m_conferma;
     std::map<QString, std::unique_ptr<Istruzione>> m_ricerche;

@@ -45,10 +45,12 @@ void StampaCostruzione(QTextStream& out, const QList<MisureDimensione>& misure) 
     out << "## Stores\n\n"
            "Each store is a copy of the shipped empty store in a temporary folder: one collection and "
            "its 10 field rows (5 text boxes, a formula text box `Prezzo * 2`, a checkbox, a combo, a "
-           "list, a slider) made with CreaCollezione and a Recordset, then the records. The bulk build "
+           "list, a slider) made with CreaCollezione and a Recordset, then the records; and a second "
+           "collection of 30 text boxes and no records, whose layout the designer saves. The bulk build "
            "runs in one explicit transaction (`begin`/`commit` through Esegui): it is setup, not a "
-           "measured figure. Every measured operation commits as the program does: a record's rows, and a "
-           "delete with its renumbering, in one transaction each. The connection's page cache holds up to "
+           "measured figure. Every measured operation commits as the program does: a record's rows, a "
+           "delete with its renumbering, and a saved layout, in one transaction each. The connection's page "
+           "cache holds up to "
         << Connessione::CacheKiB / 1024 << " MiB of decrypted pages.\n\n";
     for (const MisureDimensione& m : misure) {
         out << "- " << m.record << " records: 1 to " << m.record

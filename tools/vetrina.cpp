@@ -4,7 +4,9 @@
 #include "apriricerca.h"
 #include "archivio.h"
 #include "archiviotemporaneo.h"
+#include "contenitoreanteprima.h"
 #include "form1.h"
+#include "frmanteprima.h"
 #include "frmfind.h"
 #include "frmmain.h"
 #include "frmproprietacontrollo.h"
@@ -138,5 +140,14 @@ int main(int argc, char** argv) {
     Salva(*FinestraRicerca(), uscita, "ricerca.png");
     frame.AreaFigli()->tileSubWindows();
     Salva(frame, uscita, "ricerca-frame.png");
+
+    // The layout designer with three controls selected, one of them the picture.
+    ContenitoreAnteprima anteprima;
+    anteprima.Costruisci(form.IdCollezioneCorrente());
+    anteprima.show();
+    frmAnteprima& disegno = anteprima.Anteprima();
+    for (const char* chiave : {"Text1(1)", "List1(1)", "Image1(1)"})
+        disegno.SelezionaControllo(*disegno.Controllo(QLatin1String(chiave)));
+    Salva(anteprima, uscita, "anteprima.png");
     return 0;
 }

@@ -1,5 +1,6 @@
 #include "form1.h"
 
+#include "aprianteprima.h"
 #include "aprirecord.h"
 #include "apriricerca.h"
 #include "archivio.h"
@@ -103,6 +104,7 @@ void Form1::CreaMenu() {
     mnuPermettiModifichePropCampi =
         Voce(mnuCampi, "mnuPermettiModifichePropCampi", QStringLiteral("Consenti Modifica Proprietà"));
     mnuPermettiModifichePropCampi->setCheckable(true);
+    mnuAnteprima = Voce(mnuCampi, "mnuAnteprima", QStringLiteral("Visualizza in Anteprima"));
 }
 
 void Form1::CollegaEventi() {
@@ -116,6 +118,8 @@ void Form1::CollegaEventi() {
     connect(mnuElliminaCampo, &QAction::triggered, this, Protetto([this] { EliminaCampo(*this); }));
     connect(mnuPermettiModifichePropCampi, &QAction::toggled, this,
             Protetto([this](bool consentita) { Lv1->ImpostaModificaConsentita(consentita); }));
+    connect(mnuAnteprima, &QAction::triggered, this,
+            Protetto([this] { ApriAnteprima(m_idCollezione, this); }));
 
     connect(List1, &QListWidget::itemSelectionChanged, this, Protetto([this] { List1_Click(); }));
     connect(List1, &QListWidget::itemDoubleClicked, this, Protetto([this] { InserisciRecord(*List1); }));

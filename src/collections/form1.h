@@ -44,6 +44,7 @@ public:
     QAction* mnuNewCampo;
     QAction* mnuElliminaCampo;
     QAction* mnuPermettiModifichePropCampi;
+    QAction* mnuAnteprima;
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;

@@ -71,6 +71,7 @@ QWidget& FinestraControlli::CaricaElemento(MatriceControlli& matrice) {
     if (&matrice != &Label1)
         m_controlliCampo.append(&elemento);
     m_perChiave.insert(ChiaveControllo(elemento), &elemento);
+    ElementoCaricato(elemento);
     return elemento;
 }
 

@@ -42,6 +42,8 @@ public:
 
 protected:
     virtual void Form_Load() {}
+    // Called for each element as it is loaded, before the builder gives it its field's properties.
+    virtual void ElementoCaricato(QWidget& /*elemento*/) {}
 
 private:
     void PreparaModelli();

@@ -3,6 +3,7 @@
 
 #include "archivio.h"
 #include "form1.h"
+#include "frmanteprima.h"
 #include "grigliaproprieta.h"
 #include "listecontrolli.h"
 #include "routinesql.h"
@@ -219,6 +220,25 @@ private Q_SLOTS:
         f.form.mnuCampi->hide();
         VERIFICA_SCRIPT(script);
         QVERIFY(script.Richieste().isEmpty());
+    }
+
+    // "Visualizza in Anteprima" opens the layout designer of the current collection, or says there is none.
+    void layoutDesignerOfTheCurrentCollection() {
+        ArchivioTemporaneo archivio;
+        const qint32 id = CreaCollezione(QStringLiteral("Dischi"), QString());
+        Finestra f;
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok);
+        f.form.mnuAnteprima->trigger();
+        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                 Descrivi({"Selezionare una Collezione dall'apposita Lista", "Orvix"}));
+        f.form.List1->setCurrentRow(0);
+        script.Modale([id](QDialog& finestra) {
+            QCOMPARE(finestra.findChild<frmAnteprima*>()->IdCollezione, id);
+            finestra.close();
+        });
+        f.form.mnuAnteprima->trigger();
+        VERIFICA_SCRIPT(script);
     }
 };
 

@@ -207,7 +207,8 @@ private Q_SLOTS:
             VociMenu(IstanzaForm1()->mnuCollezioni),
             QStringList({"Nuova", "Rinomina", "Elimina", "-", "Inserisci Record", "-", "Esegui Ricerca"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi),
-                 QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà"}));
+                 QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà",
+                              "Visualizza in Anteprima"}));
 
         frame->AreaFigli()->closeAllSubWindows();
         QTRY_VERIFY(!IstanzaForm1());

@@ -1,0 +1,366 @@
+#include "archivio.h"
+#include "archiviotemporaneo.h"
+#include "campiprova.h"
+#include "contenitoreanteprima.h"
+#include "corniceselezione.h"
+#include "frmanteprima.h"
+#include "interazionescriptata.h"
+#include "mappacampi.h"
+#include "routinesql.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCursor>
+#include <QLineEdit>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTest>
+#include <memory>
+
+namespace {
+
+QString Testo(const QRect& r) {
+    return QString("%1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+}
+
+QString Archiviato(qint32 idCampo) {
+    Recordset rs = Database().ApriRecordset(
+        QString("select \"left\", top, width, height from campi where id=%1").arg(idCampo));
+    return Testo(QRect(rs.Campo(0).toInt(), rs.Campo(1).toInt(), rs.Campo(2).toInt(), rs.Campo(3).toInt()));
+}
+
+QString Valori() {
+    return Database()
+        .ApriRecordset("select group_concat(id_campo || valore) from valori")
+        .Campo(0)
+        .toString();
+}
+
+const QStringList partenza{"20,40 200x22", "240,60 150x80", "60,170 120x100"};
+
+} // namespace
+
+// The layout designer on a shown window: selecting, dragging, aligning and resizing with the
+// mouse, the keyboard and the popup menu; saving into campi; the question on closing.
+class TestAnteprima final : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<ArchivioTemporaneo> m_archivio;
+    std::unique_ptr<ContenitoreAnteprima> m_finestra;
+    qint32 m_id = 0;
+    QList<qint32> m_campi;
+
+    frmAnteprima& A() { return m_finestra->Anteprima(); }
+    QWidget& C(const QString& chiave) { return *A().Controllo(chiave); }
+    void Comando(const QString& nome) { A().findChild<QAction*>(nome)->trigger(); }
+    void Seleziona(const QStringList& chiavi) {
+        for (const QString& chiave : chiavi)
+            A().SelezionaControllo(C(chiave));
+    }
+
+    // Mouse events go through the window, as the platform delivers them.
+    void Mouse(QTest::MouseAction azione, QPoint punto, Qt::KeyboardModifiers tasti = {},
+               Qt::MouseButton tasto = Qt::LeftButton) {
+        QTest::mouseEvent(azione, m_finestra->windowHandle(), tasto, tasti,
+                          A().mapTo(m_finestra.get(), punto));
+    }
+    void Clic(const QString& chiave, Qt::KeyboardModifiers tasti = {}) {
+        Mouse(QTest::MouseClick, C(chiave).pos() + QPoint(4, 4), tasti);
+    }
+
+    // The text box, the memo and the picture, each marked when its label is not 20 pixels above it.
+    QStringList Disposizione() {
+        QStringList righe;
+        for (const QString& chiave : QStringList{"Text1(1)", "Memo1(1)", "Image1(1)"}) {
+            righe << Testo(C(chiave).geometry());
+            for (const QWidget* elemento : A().Elementi())
+                if (elemento->property("Tag") == chiave && elemento->pos() != C(chiave).pos() - QPoint(0, 20))
+                    righe.last() += " label astray";
+        }
+        return righe;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { UsaLocaleItaliano(); }
+
+    void init() {
+        m_archivio = std::make_unique<ArchivioTemporaneo>();
+        m_id = CreaCollezione("Dischi", QString());
+        m_campi.clear();
+        const QStringList tipi{"textbox", "memo", "image"};
+        for (const QString& riga : partenza) {
+            const QString tipo = tipi.at(m_campi.size());
+            const QStringList n = riga.split(QRegularExpression("[, x]"));
+            QVariantHash campo{{"nome", tipo}, {"etichetta", tipo}, {"tipo", tipo}, {"special", "TRUE"}};
+            campo.insert(
+                {{"left", n[0]}, {"top", n[1]}, {"width", n[2]}, {"height", n[3]}, {"tooltip", "x"}});
+            m_campi << AggiungiCampo(m_id, campo);
+            ScriviValore(m_campi.last(), 1, "uno");
+        }
+        AggiungiCampo(m_id, {{"nome", "Usato"}, {"tipo", "checkbox"}, {"left", 420}, {"top", 40}});
+        m_finestra = std::make_unique<ContenitoreAnteprima>();
+        m_finestra->Costruisci(m_id);
+        m_finestra->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_finestra.get()));
+        QCOMPARE(Disposizione(), partenza); // no toolbar to make room for
+        QCOMPARE(C("Text1(1)").toolTip(), QString());
+    }
+
+    void cleanup() {
+        m_finestra.reset();
+        m_archivio.reset();
+    }
+
+    void selezione() {
+        Clic("Text1(1)");
+        Clic("Image1(1)", Qt::ControlModifier);
+        Clic("Text1(1)", Qt::ControlModifier); // already selected: listed once
+        QCOMPARE(A().Selezione(), (QStringList{"Text1(1)", "Image1(1)"}));
+        QCOMPARE(A().Cornici().size(), std::size_t{2});
+        QRect cornice; // the four segments lie around the control, outside it
+        for (const QWidget* lato : A().Cornici().front()->Lati()) {
+            QVERIFY(lato->isVisible() && !lato->geometry().intersects(C("Text1(1)").geometry()));
+            cornice |= lato->geometry();
+        }
+        QCOMPARE(cornice, C("Text1(1)").geometry().adjusted(-4, -4, 4, 4));
+
+        Mouse(QTest::MouseClick, QPoint(600, 400), {}, Qt::RightButton);
+        QTRY_VERIFY(A().mnuControlli->isVisible());
+        A().mnuControlli->hide();
+        QCOMPARE(A().Selezione().size(), 2);
+
+        // Clicks and keys never reach a control: nothing is typed or toggled.
+        Clic("Text1(1)");
+        QTest::keyClick(m_finestra->windowHandle(), 'a');
+        Clic("Check1(1)");
+        QCOMPARE(static_cast<QLineEdit&>(C("Text1(1)")).text(), QString());
+        QVERIFY(!static_cast<QCheckBox&>(C("Check1(1)")).isChecked());
+        QCOMPARE(A().Selezione(), QStringList{"Check1(1)"});
+
+        Mouse(QTest::MouseClick, QPoint(600, 400)); // the bare form
+        QVERIFY(A().Selezione().isEmpty() && A().Cornici().empty());
+        QVERIFY(A().Salvato());
+    }
+
+    void rilascio_data() {
+        QTest::addColumn<QString>("chiave");
+        QTest::addColumn<QPoint>("punto");
+        QTest::addColumn<QPoint>("atteso");
+        QTest::newRow("testo") << "Text1(1)" << QPoint(300, 300) << QPoint(200, 289);
+        QTest::newRow("casella, metà intera") << "Check1(1)" << QPoint(500, 100) << QPoint(440, 90);
+        QTest::newRow("immagine al bordo") << "Image1(1)" << QPoint(10, 5) << QPoint(0, 0);
+    }
+
+    void rilascio() {
+        QFETCH(QString, chiave);
+        QFETCH(QPoint, punto);
+        QFETCH(QPoint, atteso);
+        Seleziona({"Text1(1)", "Memo1(1)", "Check1(1)"});
+        const QSize dimensione = C(chiave).size();
+        A().Form_DragDrop(C(chiave), punto);
+        QCOMPARE(C(chiave).geometry(), QRect(atteso, dimensione));
+        QCOMPARE(A().Selezione(), QStringList{chiave});
+        QVERIFY(!Disposizione().join(' ').contains("astray"));
+        QVERIFY(!A().Salvato());
+    }
+
+    // The pointer first goes to the control's centre; the control lands centred where it is let go.
+    void trascinamento() {
+        Seleziona({"Text1(1)"});
+        Mouse(QTest::MousePress, QPoint(250, 70));
+        Mouse(QTest::MouseMove, QPoint(270, 90));
+        QCOMPARE(QCursor::pos(), A().mapToGlobal(QPoint(240 + 75, 60 + 40)));
+        Mouse(QTest::MouseMove, QPoint(400, 300));
+        Mouse(QTest::MouseRelease, QPoint(400, 300));
+        QCOMPARE(C("Memo1(1)").geometry(), QRect(325, 260, 150, 80));
+        QCOMPARE(A().Selezione(), QStringList{"Memo1(1)"});
+
+        const QStringList prima = Disposizione(); // let go outside the form, nothing lands
+        Mouse(QTest::MousePress, QPoint(30, 50));
+        Mouse(QTest::MouseMove, QPoint(100, 100));
+        Mouse(QTest::MouseRelease, QPoint(-5, 100));
+        QCOMPARE(Disposizione(), prima);
+    }
+
+    void allinea_data() {
+        QTest::addColumn<QStringList>("selezione");
+        QTest::addColumn<QString>("comando");
+        QTest::addColumn<QStringList>("attesa");
+        const QStringList tre{"Text1(1)", "Memo1(1)", "Image1(1)"};
+        const QStringList due{"Memo1(1)", "Image1(1)"};
+        QTest::newRow("alto") << tre << "mnuAllineaAlto"
+                              << QStringList{"20,40 200x22", "240,40 150x80", "60,40 120x100"};
+        QTest::newRow("basso") << tre << "mnuAllineaBasso"
+                               << QStringList{"20,248 200x22", "240,190 150x80", partenza[2]};
+        QTest::newRow("sinistra") << tre << "mnuAllineaSinistra"
+                                  << QStringList{partenza[0], "20,60 150x80", "20,170 120x100"};
+        QTest::newRow("destra") << tre << "mnuAllineaDestra"
+                                << QStringList{"190,40 200x22", partenza[1], "270,170 120x100"};
+        QTest::newRow("altezza") << tre << "mnuUgualeAltezza"
+                                 << QStringList{partenza[0], "240,60 150x22", "60,170 120x22"};
+        QTest::newRow("larghezza") << tre << "mnuUgualeLarghezza"
+                                   << QStringList{"20,40 120x22", "240,60 120x80", partenza[2]};
+        QTest::newRow("entrambe, due")
+            << due << "mnuUgualeEntrambe" << QStringList{partenza[0], "240,60 120x80", "60,170 120x80"};
+        for (const char* comando :
+             {"mnuAllineaAlto", "mnuAllineaBasso", "mnuAllineaSinistra", "mnuAllineaDestra",
+              "mnuUgualeAltezza", "mnuUgualeLarghezza", "mnuUgualeEntrambe"})
+            QTest::addRow("%s, niente selezionato", comando) << QStringList() << comando << partenza;
+    }
+
+    void allinea() {
+        QFETCH(QStringList, selezione);
+        QFETCH(QString, comando);
+        QFETCH(QStringList, attesa);
+        Seleziona(selezione);
+        Comando(comando);
+        QCOMPARE(Disposizione(), attesa);
+        QVERIFY(!A().Salvato()); // a change even when nothing moved
+    }
+
+    void passi_data() {
+        QTest::addColumn<QString>("comando"); // a menu item, or else the key released on the form
+        QTest::addColumn<int>("tasto");
+        QTest::addColumn<QSize>("cambio");
+        const auto tasto = [](Qt::Key k, Qt::KeyboardModifiers m) {
+            return QKeyCombination(m, k).toCombined();
+        };
+        const Qt::KeyboardModifiers ctrl = Qt::ControlModifier | Qt::KeypadModifier;
+        const Qt::KeyboardModifiers alt = Qt::AltModifier | Qt::KeypadModifier;
+        QTest::newRow("altezza +10") << "mnuAUmentaAltezza10" << 0 << QSize(0, 10);
+        QTest::newRow("altezza +50") << "mnuAUmentaAltezza50" << 0 << QSize(0, 50);
+        QTest::newRow("altezza -10") << "mnuDiminuisciAltezza10" << 0 << QSize(0, -10);
+        QTest::newRow("altezza -50") << "mnuDiminuisciAltezza50" << 0 << QSize(0, -50);
+        QTest::newRow("larghezza +10") << "mnuAumentaLarghezza10" << 0 << QSize(10, 0);
+        QTest::newRow("larghezza +50") << "mnuAumentaLarghezza50" << 0 << QSize(50, 0);
+        QTest::newRow("larghezza -10") << "mnuDiminuisciLarghezza10" << 0 << QSize(-10, 0);
+        QTest::newRow("larghezza -50") << "mnuDiminuisciLarghezza50" << 0 << QSize(-50, 0);
+        QTest::newRow("Ctrl +") << "" << tasto(Qt::Key_Plus, ctrl) << QSize(10, 0);
+        QTest::newRow("Ctrl -") << "" << tasto(Qt::Key_Minus, ctrl) << QSize(-10, 0);
+        QTest::newRow("Alt +") << "" << tasto(Qt::Key_Plus, alt) << QSize(0, 10);
+        QTest::newRow("Alt -") << "" << tasto(Qt::Key_Minus, alt) << QSize(0, -10);
+        QTest::newRow("Ctrl + di tastiera") << "" << tasto(Qt::Key_Plus, Qt::ControlModifier) << QSize(0, 0);
+        QTest::newRow("Maiusc +") << "" << tasto(Qt::Key_Plus, Qt::ShiftModifier | Qt::KeypadModifier)
+                                  << QSize(0, 0);
+    }
+
+    void passi() {
+        QFETCH(QString, comando);
+        QFETCH(int, tasto);
+        QFETCH(QSize, cambio);
+        Seleziona({"Memo1(1)", "Image1(1)"});
+        const QKeyCombination combinazione = QKeyCombination::fromCombined(tasto);
+        if (!comando.isEmpty())
+            Comando(comando);
+        else
+            QTest::keyRelease(m_finestra->windowHandle(), combinazione.key(),
+                              combinazione.keyboardModifiers());
+        const QSize memo = QSize(150, 80) + cambio;
+        const QSize immagine = QSize(120, 100) + cambio;
+        QCOMPARE(Disposizione(), (QStringList{partenza[0], Testo(QRect(QPoint(240, 60), memo)),
+                                              Testo(QRect(QPoint(60, 170), immagine))}));
+        QCOMPARE(A().Salvato(), cambio.isNull());
+    }
+
+    // A size that would go below 0 stops the command at that control, with a message; nothing
+    // negative reaches the store and the designer goes on.
+    void misuraNegativa() {
+        Seleziona({"Memo1(1)", "Image1(1)"});
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok);
+        for (int i = 0; i < 3; ++i)
+            A().mnuDiminuisciLarghezza50->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                 Descrivi({"Valore non valido per la proprietà Width del controllo: -30 (ammessi i valori da "
+                           "0 a 32767).",
+                           "Orvix", Pulsanti::Ok, Icona::Critica}));
+        A().mnuAumentaLarghezza10->trigger();
+        A().mnuSalva->trigger();
+        QCOMPARE(Archiviato(m_campi[1]) + " " + Archiviato(m_campi[2]),
+                 QString("240,60 10x80 60,170 30x100"));
+    }
+
+    // The layout goes into campi through the field map; values are never touched.
+    void salvataggio() {
+        const qint32 estraneo = AggiungiCampo(CreaCollezione("Libri", QString()), {{"nome", "Autore"}});
+        const QString valori = Valori();
+        A().Form_DragDrop(C("Text1(1)"), QPoint(300, 211));
+        Seleziona({"Memo1(1)", "Image1(1)"});
+        A().mnuAumentaLarghezza50->trigger();
+        // A control the map does not know is skipped; a stale entry never reaches another collection.
+        RegistraCampo(m_id, "Memo1(1)", 0);
+        RegistraCampo(m_id, "Image1(1)", estraneo);
+        A().mnuSalva->trigger();
+        QVERIFY(A().Salvato());
+        const QStringList archiviati{Archiviato(m_campi[0]), Archiviato(m_campi[1]), Archiviato(m_campi[2]),
+                                     Archiviato(estraneo)};
+        QCOMPARE(archiviati, (QStringList{"200,200 250x22", partenza[1], partenza[2], "10,30 120x21"}));
+        QCOMPARE(Valori(), valori);
+    }
+
+    // A save that fails half-way stores none of it, says why, and leaves the layout unsaved.
+    void salvataggioInterrotto() {
+        Database().Esegui("create trigger blocca before update on campi when new.nome='image' "
+                          "begin select raise(abort, 'vietato'); end");
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok);
+        A().Form_DragDrop(C("Text1(1)"), QPoint(300, 300));
+        A().mnuSalva->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(script.TestiMessaggi(), QStringList{"vietato"});
+        QCOMPARE(Archiviato(m_campi[0]), partenza[0]);
+        QVERIFY(!A().Salvato());
+    }
+
+    void chiusura_data() {
+        QTest::addColumn<QString>("comando"); // empty: only a selection
+        QTest::addColumn<QString>("modo");
+        QTest::addColumn<int>("risposta"); // 0: nothing asked
+        QTest::addColumn<QString>("salvato");
+        const int si = int(Risposta::Si);
+        const int no = int(Risposta::No);
+        const QString esci = "mnuEsci";
+        const QString altezza = "mnuAUmentaAltezza10";
+        QTest::newRow("solo selezione") << QString() << esci << 0 << partenza[0];
+        QTest::newRow("salvata dal menu") << QString("mnuSalva") << esci << 0 << partenza[0];
+        QTest::newRow("allinea senza selezione, No")
+            << QString("mnuAllineaAlto") << esci << no << partenza[0];
+        QTest::newRow("più alto, Sì") << altezza << esci << si << "20,40 200x32";
+        QTest::newRow("più alto, No") << altezza << esci << no << partenza[0];
+        QTest::newRow("più alto, chiusa, Sì") << altezza << QString("close") << si << "20,40 200x32";
+        QTest::newRow("più alto, Esc, Sì") << altezza << QString("Esc") << si << "20,40 200x32";
+    }
+
+    void chiusura() {
+        QFETCH(QString, comando);
+        QFETCH(QString, modo);
+        QFETCH(int, risposta);
+        QFETCH(QString, salvato);
+        InterazioneScriptata script;
+        if (risposta)
+            script.Rispondi(Risposta(risposta));
+        if (comando != "mnuAllineaAlto")
+            Seleziona({"Text1(1)"});
+        if (!comando.isEmpty())
+            Comando(comando);
+        if (modo == "mnuEsci")
+            A().mnuEsci->trigger();
+        else if (modo == "close")
+            m_finestra->close();
+        else
+            QTest::keyClick(m_finestra.get(), Qt::Key_Escape);
+        QVERIFY(!m_finestra->isVisible()); // whatever the answer, the window goes
+        VERIFICA_SCRIPT(script);
+        if (risposta)
+            QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                     Descrivi({"La disposizione dei Controlli è stata cambiata.\r\n"
+                               "Si desidera salvare le modifiche prima di chiudere?",
+                               "Salvare le modifiche?", Pulsanti::SiNo}));
+        QCOMPARE(Archiviato(m_campi[0]), salvato);
+    }
+};
+
+QTEST_MAIN(TestAnteprima)
+#include "tst_anteprima.moc"
