@@ -66,7 +66,13 @@ Recordset::Recordset(Connessione& connessione, sqlite3_stmt* stmt, const QString
     , m_tabella(tabella)
     , m_conRowid(!tabella.isEmpty())
     , m_colonne(connessione.ColonneDi(stmt, m_conRowid ? 1 : 0)) {
-    Successivo();
+    try {
+        Successivo();
+    } catch (...) {
+        // No destructor runs for a result set that failed to open: give the statement back here.
+        Chiudi();
+        throw;
+    }
 }
 
 int Recordset::NumeroColonne() const {

@@ -122,7 +122,9 @@ void frmMAIN::MostraFiglia(QWidget* finestra) {
         const QSize voluta = finestra->size();
         contenitore = m_area->addSubWindow(finestra);
         contenitore->setAttribute(Qt::WA_DeleteOnClose);
-        connect(finestra, &QObject::destroyed, this, [this] { AggiornaMenu(); });
+        // Queued: while a child is destroyed its sub-window may be half destroyed, yet still current.
+        connect(
+            finestra, &QObject::destroyed, this, [this] { AggiornaMenu(); }, Qt::QueuedConnection);
         // The child keeps the size it asked for; the frame's title bar and borders come on top.
         const QMargins bordi = contenitore->contentsMargins();
         contenitore->resize(voluta.grownBy(bordi));
