@@ -36,3 +36,15 @@ int RispostaSi::MostraModale(QDialog& finestra) {
 bool RispostaSi::ApriConShell(const QString& indirizzo) {
     Inatteso(indirizzo);
 }
+
+QString RispostaSi::SceltaFile(const RichiestaFile& richiesta) {
+    Inatteso(richiesta.titolo);
+}
+
+std::optional<QColor> RispostaSi::SceltaColore(const QColor& iniziale) {
+    Inatteso(iniziale.name());
+}
+
+bool RispostaSi::ImpostaStampante(QPrinter&) {
+    Inatteso(QStringLiteral("printer set-up"));
+}

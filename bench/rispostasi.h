@@ -15,4 +15,7 @@ public:
     QString InputBox(const QString& prompt, const QString& titolo, const QString& predefinito) override;
     int MostraModale(QDialog& finestra) override;
     bool ApriConShell(const QString& indirizzo) override;
+    QString SceltaFile(const RichiestaFile& richiesta) override;
+    std::optional<QColor> SceltaColore(const QColor& iniziale) override;
+    bool ImpostaStampante(QPrinter& stampante) override;
 };

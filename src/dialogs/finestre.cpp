@@ -23,3 +23,8 @@ void MostraFiglia(QWidget* finestra) {
     finestra->show();
     finestra->raise();
 }
+
+void MostraStato(const QString& testo) {
+    if (Ospite())
+        Ospite()->MostraStato(testo);
+}

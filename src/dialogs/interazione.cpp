@@ -41,3 +41,11 @@ int MostraModale(QDialog& finestra) {
 bool ApriConShell(const QString& indirizzo) {
     return interazione().ApriConShell(indirizzo);
 }
+
+std::optional<QColor> SceltaColore(const QColor& iniziale) {
+    return interazione().SceltaColore(iniziale);
+}
+
+bool ImpostaStampante(QPrinter& stampante) {
+    return interazione().ImpostaStampante(stampante);
+}

@@ -1,11 +1,14 @@
 #include "interazionereale.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPrintDialog>
 #include <QPushButton>
 #include <QUrl>
 #include <limits>
@@ -100,4 +103,33 @@ int InterazioneReale::MostraModale(QDialog& finestra) {
 
 bool InterazioneReale::ApriConShell(const QString& indirizzo) {
     return QDesktopServices::openUrl(QUrl::fromUserInput(indirizzo));
+}
+
+QString InterazioneReale::SceltaFile(const RichiestaFile& richiesta) {
+    QWidget* proprietario = richiesta.proprietario ? richiesta.proprietario : QApplication::activeWindow();
+    QFileDialog dialogo(proprietario, richiesta.titolo, richiesta.cartellaIniziale);
+    QStringList filtri;
+    for (const auto& [didascalia, modello] : richiesta.filtri)
+        filtri << didascalia + QStringLiteral(" (") + modello + QLatin1Char(')');
+    dialogo.setNameFilters(filtri);
+    dialogo.setAcceptMode(richiesta.apertura ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialogo.setFileMode(richiesta.apertura ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialogo.setDefaultSuffix(richiesta.estensione);
+    if (!richiesta.nomeFile.isEmpty())
+        dialogo.selectFile(richiesta.nomeFile);
+    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
+        return {};
+    return dialogo.selectedFiles().constFirst();
+}
+
+std::optional<QColor> InterazioneReale::SceltaColore(const QColor& iniziale) {
+    const QColor scelto = QColorDialog::getColor(iniziale, QApplication::activeWindow());
+    if (!scelto.isValid())
+        return std::nullopt;
+    return scelto;
+}
+
+bool InterazioneReale::ImpostaStampante(QPrinter& stampante) {
+    QPrintDialog dialogo(&stampante, QApplication::activeWindow());
+    return dialogo.exec() == QDialog::Accepted;
 }

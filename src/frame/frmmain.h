@@ -17,7 +17,7 @@ public:
     ~frmMAIN() override;
 
     void MostraFiglia(QWidget* finestra) override;
-    void MostraStato(const QString& testo);
+    void MostraStato(const QString& testo) override;
     QMdiArea* AreaFigli() const { return m_area; }
 
     void mnuApriGestioneCollezioni_Click();

@@ -32,6 +32,7 @@ public:
             m_area.addSubWindow(finestra);
         finestra->show();
     }
+    void MostraStato(const QString&) override {}
 
 private:
     QMdiArea& m_area;

@@ -12,6 +12,12 @@ QString NomeTipo(InterazioneScriptata::Tipo tipo) {
         return QStringLiteral("input box");
     case InterazioneScriptata::Tipo::Modale:
         return QStringLiteral("modal window");
+    case InterazioneScriptata::Tipo::File:
+        return QStringLiteral("file dialog");
+    case InterazioneScriptata::Tipo::Colore:
+        return QStringLiteral("colour chooser");
+    case InterazioneScriptata::Tipo::Stampante:
+        return QStringLiteral("printer set-up");
     case InterazioneScriptata::Tipo::Shell:
         break;
     }
@@ -29,22 +35,54 @@ InterazioneScriptata::~InterazioneScriptata() {
 }
 
 InterazioneScriptata& InterazioneScriptata::Rispondi(Risposta risposta) {
-    m_script.append({Tipo::MsgBox, risposta, {}, {}, true, {}});
+    Passo passo{Tipo::MsgBox};
+    passo.risposta = risposta;
+    m_script.append(passo);
     return *this;
 }
 
 InterazioneScriptata& InterazioneScriptata::Digita(const QString& testo, std::function<void()> alMomento) {
-    m_script.append({Tipo::InputBox, Risposta::Ok, testo, {}, true, std::move(alMomento)});
+    Passo passo{Tipo::InputBox};
+    passo.testo = testo;
+    passo.alMomento = std::move(alMomento);
+    m_script.append(passo);
     return *this;
 }
 
 InterazioneScriptata& InterazioneScriptata::Modale(std::function<void(QDialog&)> azione) {
-    m_script.append({Tipo::Modale, Risposta::Ok, {}, std::move(azione), true, {}});
+    Passo passo{Tipo::Modale};
+    passo.azione = std::move(azione);
+    m_script.append(passo);
     return *this;
 }
 
 InterazioneScriptata& InterazioneScriptata::Shell(bool riuscito) {
-    m_script.append({Tipo::Shell, Risposta::Ok, {}, {}, riuscito, {}});
+    Passo passo{Tipo::Shell};
+    passo.riuscito = riuscito;
+    m_script.append(passo);
+    return *this;
+}
+
+InterazioneScriptata& InterazioneScriptata::File(const QString& percorso) {
+    Passo passo{Tipo::File};
+    passo.testo = percorso;
+    m_script.append(passo);
+    return *this;
+}
+
+InterazioneScriptata& InterazioneScriptata::Colore(std::optional<QColor> colore) {
+    Passo passo{Tipo::Colore};
+    passo.colore = colore;
+    m_script.append(passo);
+    return *this;
+}
+
+InterazioneScriptata& InterazioneScriptata::Stampante(bool confermato,
+                                                      std::function<void(QPrinter&)> azione) {
+    Passo passo{Tipo::Stampante};
+    passo.riuscito = confermato;
+    passo.suStampante = std::move(azione);
+    m_script.append(passo);
     return *this;
 }
 
@@ -63,14 +101,19 @@ bool InterazioneScriptata::Prossimo(Tipo tipo, const QString& descrizione, Passo
 }
 
 Risposta InterazioneScriptata::MsgBox(const Messaggio& messaggio) {
-    m_richieste.append({Tipo::MsgBox, messaggio, {}, {}});
+    Richiesta fatta{Tipo::MsgBox};
+    fatta.messaggio = messaggio;
+    m_richieste.append(fatta);
     Passo passo;
     return Prossimo(Tipo::MsgBox, messaggio.testo, passo) ? passo.risposta : Risposta::Annulla;
 }
 
 QString InterazioneScriptata::InputBox(const QString& prompt, const QString& titolo,
                                        const QString& predefinito) {
-    m_richieste.append({Tipo::InputBox, {prompt, titolo}, predefinito, {}});
+    Richiesta fatta{Tipo::InputBox};
+    fatta.messaggio = {prompt, titolo};
+    fatta.predefinito = predefinito;
+    m_richieste.append(fatta);
     Passo passo;
     if (!Prossimo(Tipo::InputBox, prompt, passo))
         return {};
@@ -80,7 +123,9 @@ QString InterazioneScriptata::InputBox(const QString& prompt, const QString& tit
 }
 
 int InterazioneScriptata::MostraModale(QDialog& finestra) {
-    m_richieste.append({Tipo::Modale, {}, {}, finestra.objectName()});
+    Richiesta fatta{Tipo::Modale};
+    fatta.finestra = finestra.objectName();
+    m_richieste.append(fatta);
     Passo passo;
     if (!Prossimo(Tipo::Modale, finestra.objectName(), passo))
         return QDialog::Rejected;
@@ -93,9 +138,38 @@ int InterazioneScriptata::MostraModale(QDialog& finestra) {
 }
 
 bool InterazioneScriptata::ApriConShell(const QString& indirizzo) {
-    m_richieste.append({Tipo::Shell, {}, indirizzo, {}});
+    Richiesta fatta{Tipo::Shell};
+    fatta.predefinito = indirizzo;
+    m_richieste.append(fatta);
     Passo passo;
     return Prossimo(Tipo::Shell, indirizzo, passo) && passo.riuscito;
+}
+
+QString InterazioneScriptata::SceltaFile(const RichiestaFile& richiesta) {
+    Richiesta fatta{Tipo::File};
+    fatta.messaggio.testo = richiesta.titolo;
+    fatta.file = richiesta;
+    m_richieste.append(fatta);
+    Passo passo;
+    return Prossimo(Tipo::File, richiesta.titolo, passo) ? passo.testo : QString();
+}
+
+std::optional<QColor> InterazioneScriptata::SceltaColore(const QColor& iniziale) {
+    Richiesta fatta{Tipo::Colore};
+    fatta.colore = iniziale;
+    m_richieste.append(fatta);
+    Passo passo;
+    return Prossimo(Tipo::Colore, iniziale.name(), passo) ? passo.colore : std::nullopt;
+}
+
+bool InterazioneScriptata::ImpostaStampante(QPrinter& stampante) {
+    m_richieste.append(Richiesta{Tipo::Stampante});
+    Passo passo;
+    if (!Prossimo(Tipo::Stampante, QStringLiteral("printer"), passo))
+        return false;
+    if (passo.suStampante)
+        passo.suStampante(stampante);
+    return passo.riuscito;
 }
 
 QStringList InterazioneScriptata::TestiMessaggi() const {

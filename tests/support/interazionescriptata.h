@@ -5,18 +5,24 @@
 #include <QList>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 // Answers prompts from a script and records what was asked. An unexpected prompt, or a prompt of
 // another kind than the next answer, is noted as an error; so is an answer left unused.
 class InterazioneScriptata final : public Interazione {
 public:
-    enum class Tipo { MsgBox, InputBox, Modale, Shell };
+    enum class Tipo { MsgBox, InputBox, Modale, Shell, File, Colore, Stampante };
 
     struct Richiesta {
-        Tipo tipo;
+        Richiesta() = default;
+        explicit Richiesta(Tipo tipoRichiesta)
+            : tipo(tipoRichiesta) {}
+        Tipo tipo = Tipo::MsgBox;
         Messaggio messaggio; // for an input box: testo = prompt, titolo = title
         QString predefinito; // input box default, or the shell address
         QString finestra;    // object name of a modal window
+        RichiestaFile file;  // a file dialog's request
+        QColor colore;       // the colour a colour chooser was opened on
     };
 
     InterazioneScriptata();
@@ -28,11 +34,20 @@ public:
     // Acts on the modal window while it is shown (e.g. clicks its buttons); the window's result is returned.
     InterazioneScriptata& Modale(std::function<void(QDialog&)> azione);
     InterazioneScriptata& Shell(bool riuscito = true);
+    // The path a file dialog answers; an empty text cancels it.
+    InterazioneScriptata& File(const QString& percorso);
+    // The colour a colour chooser answers; nothing cancels it.
+    InterazioneScriptata& Colore(std::optional<QColor> colore);
+    // The printer set-up: `azione` may set the printer as a user would; `confermato` false cancels.
+    InterazioneScriptata& Stampante(bool confermato, std::function<void(QPrinter&)> azione = {});
 
     Risposta MsgBox(const Messaggio& messaggio) override;
     QString InputBox(const QString& prompt, const QString& titolo, const QString& predefinito) override;
     int MostraModale(QDialog& finestra) override;
     bool ApriConShell(const QString& indirizzo) override;
+    QString SceltaFile(const RichiestaFile& richiesta) override;
+    std::optional<QColor> SceltaColore(const QColor& iniziale) override;
+    bool ImpostaStampante(QPrinter& stampante) override;
 
     const QList<Richiesta>& Richieste() const { return m_richieste; }
     QStringList TestiMessaggi() const;
@@ -41,12 +56,17 @@ public:
 
 private:
     struct Passo {
-        Tipo tipo;
+        Passo() = default;
+        explicit Passo(Tipo tipoPasso)
+            : tipo(tipoPasso) {}
+        Tipo tipo = Tipo::MsgBox;
         Risposta risposta = Risposta::Ok;
         QString testo;
         std::function<void(QDialog&)> azione;
         bool riuscito = true;
         std::function<void()> alMomento;
+        std::optional<QColor> colore;
+        std::function<void(QPrinter&)> suStampante;
     };
 
     bool Prossimo(Tipo tipo, const QString& descrizione, Passo& passo);
