@@ -339,6 +339,82 @@ private Q_SLOTS:
                  QStringList({"orvix", Programma::NomeArchivio()}));
     }
 
+    // --help and --version answer with no display at all; with none, the program says so in one
+    // line and fails, whether no display is named or the one named cannot be reached.
+    void commandLineAndMissingDisplay_data() {
+        QTest::addColumn<QStringList>("argomenti");
+        QTest::addColumn<QString>("display");
+        QTest::addColumn<int>("uscita");
+        QTest::addColumn<QString>("atteso");
+        QTest::newRow("--version") << QStringList{"--version"} << QString() << 0 << "Orvix 0.1.0\n";
+        QTest::newRow("-h") << QStringList{"-h"} << QString() << 0 << "  -v, --version";
+        QTest::newRow("no display") << QStringList{} << QString() << 1 << "nessuno schermo disponibile";
+        QTest::newRow("unreachable display") << QStringList{} << ":97" << 1 << "nessuno schermo disponibile";
+    }
+    void commandLineAndMissingDisplay() {
+        QFETCH(QStringList, argomenti);
+        QFETCH(QString, display);
+        QFETCH(int, uscita);
+        QFETCH(QString, atteso);
+        QTemporaryDir cartella;
+        ArchivioTemporaneo::CopiaVuoto(cartella.path());
+        QProcessEnvironment ambiente = AmbienteProva(cartella.path());
+        for (const char* nome : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+            ambiente.remove(QLatin1String(nome));
+        if (!display.isEmpty())
+            ambiente.insert(QStringLiteral("DISPLAY"), display);
+        QProcess programma;
+        programma.setProcessEnvironment(ambiente);
+        programma.start(CopiaProgramma(cartella.path()), argomenti);
+        QVERIFY(programma.waitForFinished(20000));
+        QCOMPARE(programma.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(programma.exitCode(), uscita);
+        const QString detto = QString::fromLocal8Bit(uscita == 0 ? programma.readAllStandardOutput()
+                                                                 : programma.readAllStandardError());
+        QVERIFY2(detto.contains(atteso), qPrintable(detto));
+        if (uscita != 0)
+            QCOMPARE(detto.count(QLatin1Char('\n')), 1);
+    }
+
+    // Installed as <prefix>/bin/orvix, the program keeps its store in the user's data folder, seeded
+    // once from <prefix>/share/orvix; a store lost later fails the start instead of being replaced.
+    void anInstalledProgramSeedsTheUsersFolderOnce() {
+        QTemporaryDir prefisso, dati;
+        QDir().mkpath(prefisso.filePath("bin"));
+        QDir().mkpath(prefisso.filePath("share/orvix/modelli"));
+        ArchivioTemporaneo::CopiaVuoto(prefisso.filePath("share/orvix"));
+        QFile modello(prefisso.filePath("share/orvix/modelli/Libri.wzd"));
+        QVERIFY(modello.open(QIODevice::WriteOnly));
+        modello.write("[tabella]\r\nnome=Libri\r\n");
+        modello.close();
+        const QString eseguibile = CopiaProgramma(prefisso.filePath("bin"));
+        QProcessEnvironment ambiente = AmbienteProva(dati.path());
+        ambiente.insert(QStringLiteral("XDG_DATA_HOME"), dati.path());
+        const QString archivio = dati.filePath("orvix/personalizza.orx");
+
+        QProcess prima;
+        prima.setProcessEnvironment(ambiente);
+        prima.start(eseguibile, {});
+        // An empty store: the program waits at the first collection's prompt.
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(dati.filePath("orvix.lock")), 20000);
+        prima.kill();
+        prima.waitForFinished();
+        QCOMPARE(Contenuto(archivio), Contenuto(prefisso.filePath("share/orvix/personalizza.orx")));
+        QCOMPARE(Contenuto(dati.filePath("orvix/modelli/Libri.wzd")),
+                 QByteArray("[tabella]\r\nnome=Libri\r\n"));
+        QVERIFY(!QFile::exists(prefisso.filePath("bin/personalizza.orx")));
+
+        QVERIFY(QFile::remove(archivio));
+        QProcess seconda;
+        seconda.setProcessEnvironment(ambiente);
+        seconda.start(eseguibile, {});
+        QVERIFY(seconda.waitForFinished(20000));
+        QCOMPARE(seconda.exitCode(), 1);
+        QVERIFY(!QFile::exists(archivio));
+        const QString errore = QString::fromLocal8Bit(seconda.readAllStandardError());
+        QVERIFY2(errore.contains(archivio), qPrintable(errore));
+    }
+
     void aSecondInstanceEndsAtOnce() {
         QTemporaryDir cartella;
         ArchivioTemporaneo::CopiaVuoto(cartella.path());
