@@ -7,16 +7,21 @@
 #include "form1.h"
 #include "frmabout.h"
 #include "iconaprogramma.h"
+#include "impostazioni.h"
 #include "interazione.h"
 #include "listecontrolli.h"
+#include "posizionefigli.h"
 #include "programma.h"
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 
 QString TitoloFrame(int maggiore, int minore, int revisione) {
     return Programma::Titolo() + QStringLiteral(" - versione ") + QString::number(maggiore) +
@@ -37,7 +42,7 @@ frmMAIN::frmMAIN(QWidget* parent)
     setStatusBar(Sbar1);
     CreaMenu();
     connect(m_area, &QMdiArea::subWindowActivated, this, [this] { AggiornaMenu(); });
-    resize(1024, 700);
+    DisponiFrame();
     setWindowTitle(
         TitoloFrame(Programma::VersioneMaggiore(), Programma::VersioneMinore(), Programma::Revisione()));
     ImpostaOspiteFinestre(this);
@@ -125,14 +130,26 @@ void frmMAIN::MostraFiglia(QWidget* finestra) {
         // Queued: while a child is destroyed its sub-window may be half destroyed, yet still current.
         connect(
             finestra, &QObject::destroyed, this, [this] { AggiornaMenu(); }, Qt::QueuedConnection);
-        // The child keeps the size it asked for; the frame's title bar and borders come on top.
+        // The child keeps the size it asked for, as far as the frame holds it; the title bar and
+        // borders come on top. It goes where it covers no other child, when there is room.
         const QMargins bordi = contenitore->contentsMargins();
-        contenitore->resize(voluta.grownBy(bordi));
+        layout()->activate(); // the frame may not be shown yet: its area must have its real size
+        const QRect area(QPoint(0, 0), m_area->contentsRect().size());
+        contenitore->resize(voluta.grownBy(bordi).boundedTo(area.size()));
+        contenitore->move(PosizioneLibera(area, AltriFigli(contenitore), contenitore->size()));
     }
     contenitore->show();
     finestra->show();
     m_area->setActiveSubWindow(contenitore);
     AggiornaMenu();
+}
+
+QList<QRect> frmMAIN::AltriFigli(const QMdiSubWindow* escluso) const {
+    QList<QRect> occupati;
+    for (QMdiSubWindow* figlio : m_area->subWindowList())
+        if (figlio != escluso && figlio->isVisible())
+            occupati << figlio->geometry();
+    return occupati;
 }
 
 void frmMAIN::MostraStato(const QString& testo) {
@@ -170,7 +187,19 @@ void frmMAIN::Affianca(bool verticale) {
     }
 }
 
+// The size and place the user left it at; the first time, as large as suits the screen's free area.
+void frmMAIN::DisponiFrame() {
+    const QString salvata = GetSetting(QStringLiteral("finestra"), QStringLiteral("geometria"));
+    if (!salvata.isEmpty() && restoreGeometry(QByteArray::fromBase64(salvata.toLatin1())))
+        return;
+    const QRect libera = screen()->availableGeometry();
+    const QSize voluta = QSize(1024, 700).boundedTo(libera.size() * 0.92);
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, voluta, libera));
+}
+
 void frmMAIN::closeEvent(QCloseEvent* evento) {
+    SaveSetting(QStringLiteral("finestra"), QStringLiteral("geometria"),
+                QString::fromLatin1(saveGeometry().toBase64()));
     m_area->closeAllSubWindows();
     ChiudiDatabase();
     evento->accept();

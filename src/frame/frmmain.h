@@ -5,6 +5,7 @@
 #include <QMainWindow>
 
 class QMdiArea;
+class QMdiSubWindow;
 class QMenu;
 class QStatusBar;
 
@@ -37,6 +38,8 @@ protected:
 private:
     void CreaMenu();
     void AggiornaMenu();
+    void DisponiFrame();
+    QList<QRect> AltriFigli(const QMdiSubWindow* escluso) const;
 
     QMdiArea* m_area;
 };

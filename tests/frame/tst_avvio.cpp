@@ -233,13 +233,24 @@ private Q_SLOTS:
         CreaCollezione(QStringLiteral("Dischi"), QString());
         InterazioneScriptata script;
         std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        frame->resize(1400, 1000);
+        QCoreApplication::processEvents();
         auto* altra = new QWidget;
         altra->setWindowTitle(QStringLiteral("Altra"));
         altra->resize(300, 200);
         frame->MostraFiglia(altra);
-        // A child gets the room it asked for inside the frame's decorations.
+        // A child gets the room it asked for inside the frame's decorations, where it covers no
+        // other child; one larger than the frame is cut down to the frame.
         QCOMPARE(altra->size(), QSize(300, 200));
         const auto figli = frame->AreaFigli()->subWindowList();
+        const QRect area(QPoint(), frame->AreaFigli()->viewport()->size());
+        QVERIFY(!figli.at(0)->geometry().intersects(figli.at(1)->geometry()));
+        QVERIFY(area.contains(figli.at(1)->geometry()));
+        auto* enorme = new QWidget;
+        enorme->resize(5000, 4000);
+        frame->MostraFiglia(enorme);
+        QVERIFY(area.contains(frame->AreaFigli()->subWindowList().at(2)->geometry()));
+        delete enorme;
         frame->Affianca(true);
         QCOMPARE(figli.at(0)->y(), figli.at(1)->y());
         QVERIFY(figli.at(0)->x() != figli.at(1)->x());
@@ -253,9 +264,13 @@ private Q_SLOTS:
         CreaCollezione(QStringLiteral("Dischi"), QString());
         InterazioneScriptata script;
         QPointer<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        frame->setGeometry(40, 50, 700, 500);
         frame->findChild<QAction*>(QStringLiteral("mnuEsci"))->trigger();
         QTRY_VERIFY(!frame);
         QVERIFY(!Database().Aperta());
+        // The next start finds the frame where the user left it.
+        std::unique_ptr<frmMAIN> dopo(EseguiAvvio(archivio.Cartella()));
+        QCOMPARE(dopo->geometry(), QRect(40, 50, 700, 500));
     }
 
     void helpAndAboutGoThroughTheShell() {
@@ -396,10 +411,13 @@ private Q_SLOTS:
         prima.setProcessEnvironment(ambiente);
         prima.start(eseguibile, {});
         // An empty store: the program waits at the first collection's prompt.
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(dati.filePath("orvix.lock")), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(archivio), 20000);
         prima.kill();
         prima.waitForFinished();
-        QCOMPARE(Contenuto(archivio), Contenuto(prefisso.filePath("share/orvix/personalizza.orx")));
+        ApriDatabase(dati.filePath("orvix"));
+        QCOMPARE(Database().ApriRecordset(QStringLiteral("select count(*) from collezioni")).Campo(0).toInt(),
+                 0);
+        ChiudiDatabase();
         QCOMPARE(Contenuto(dati.filePath("orvix/modelli/Libri.wzd")),
                  QByteArray("[tabella]\r\nnome=Libri\r\n"));
         QVERIFY(!QFile::exists(prefisso.filePath("bin/personalizza.orx")));
