@@ -3,6 +3,7 @@
 #include "apertorericerca.h"
 #include "apriricerca.h"
 #include "archivio.h"
+#include "cartellaapplicazione.h"
 #include "confine.h"
 #include "form1.h"
 #include "frmabout.h"
@@ -15,6 +16,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -162,9 +164,13 @@ void frmMAIN::mnuApriGestioneCollezioni_Click() {
     MostraFiglia(&form);
 }
 
+QString PercorsoGuida() {
+    return CartellaFornita(QCoreApplication::applicationDirPath()) + QStringLiteral("/guidaorvix/index.html");
+}
+
 void frmMAIN::mnuHelp_Click() {
-    // A missing help file fails silently.
-    ApriConShell(AppPath() + QStringLiteral("guidaorvix.chm"));
+    // The guide is HTML, which every desktop opens; a missing guide fails silently.
+    ApriConShell(PercorsoGuida());
 }
 
 void frmMAIN::mnuAbout_Click() {

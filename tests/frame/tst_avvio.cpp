@@ -280,7 +280,8 @@ private Q_SLOTS:
         std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
         script.Shell(false);
         frame->mnuHelp_Click();
-        QCOMPARE(script.Richieste().last().predefinito, AppPath() + QStringLiteral("guidaorvix.chm"));
+        QCOMPARE(script.Richieste().last().predefinito,
+                 QCoreApplication::applicationDirPath() + QStringLiteral("/guidaorvix/index.html"));
 
         script.Modale([](QDialog& finestra) {
             auto& about = static_cast<frmAbout&>(finestra);

@@ -11,9 +11,17 @@ cmake --install "$build" --prefix "$prefisso" >/dev/null
 attesi=(bin/orvix share/orvix/personalizza.orx
         share/applications/org.example.orvix.desktop share/metainfo/org.example.orvix.metainfo.xml
         share/icons/hicolor/scalable/apps/org.example.orvix.svg
-        share/icons/hicolor/16x16/apps/org.example.orvix.png share/icons/hicolor/256x256/apps/org.example.orvix.png)
+        share/icons/hicolor/16x16/apps/org.example.orvix.png share/icons/hicolor/256x256/apps/org.example.orvix.png
+        share/orvix/guidaorvix/index.html)
 for file in "${attesi[@]}"; do
     [ -s "$prefisso/$file" ] || { echo "missing after install: $file"; exit 1; }
+done
+# Every page and picture the guide links to is there.
+guida="$prefisso/share/orvix/guidaorvix"
+for pagina in "$guida"/*.html; do
+    for collegamento in $(grep -o '\(href\|src\)="[^"#:]*"' "$pagina" | sed 's/^[a-z]*="\(.*\)"$/\1/'); do
+        [ -s "$guida/$collegamento" ] || { echo "$(basename "$pagina") links to a missing $collegamento"; exit 1; }
+    done
 done
 desktop-file-validate "$prefisso/share/applications/org.example.orvix.desktop"
 # The addresses in the metainfo are not reachable from a test machine: everything else is checked.
