@@ -16,6 +16,7 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace {
@@ -174,7 +175,10 @@ void frmModelli::Lv1_Elimina() {
         MsgBox(QStringLiteral("Impossibile eliminare il file \"") + percorso + QStringLiteral("\"."));
         return;
     }
+    // No neighbour becomes selected, and so chosen, in its place.
+    const QSignalBlocker blocco(Lv1);
     delete voce;
+    Lv1->clearSelection();
 }
 
 void frmModelli::cmdImporta_Click() {

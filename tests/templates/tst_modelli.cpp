@@ -463,6 +463,7 @@ private Q_SLOTS:
     // file that is gone: a collection without name and without fields.
     void canc_elimina_il_modello() {
         QDir().mkpath(CartellaModelli());
+        Crea(InModelli("a.wzd"), Modello({"[tabella]", "nome=Dischi", "[campi]", "nome1=Album", "n=1"}));
         Crea(InModelli("libri.wzd"), Modello({"[tabella]", "nome=Libri", "[campi]", "nome1=Titolo", "n=1"}));
         InterazioneScriptata script;
         const auto risposte = [](InterazioneScriptata& poi) {
@@ -471,15 +472,16 @@ private Q_SLOTS:
         Galleria(
             script,
             [this](frmModelli& galleria) {
-                Clic(galleria, 0);
+                Clic(galleria, 1);
                 QTest::keyClick(galleria.Lv1, Qt::Key_Delete);
                 QVERIFY(QFile::exists(InModelli("libri.wzd")));
-                QCOMPARE(galleria.Lv1->count(), 1);
+                QCOMPARE(galleria.Lv1->count(), 2);
                 QTest::keyClick(galleria.Lv1, Qt::Key_Delete);
                 QVERIFY(!QFile::exists(InModelli("libri.wzd")));
-                QCOMPARE(galleria.Lv1->count(), 0);
+                QCOMPARE(Voci(galleria), QStringList{"Dischi (icona) -> a.wzd"});
+                QVERIFY(galleria.Lv1->selectedItems().isEmpty());
                 QCOMPARE(galleria.FileModelloDaImportare, InModelli("libri.wzd"));
-                QTest::keyClick(galleria.Lv1, Qt::Key_Delete); // nothing left to ask about
+                QTest::keyClick(galleria.Lv1, Qt::Key_Delete); // nothing selected: nothing asked
                 galleria.OKButton->click();
             },
             risposte);
