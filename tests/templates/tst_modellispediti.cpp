@@ -4,7 +4,6 @@
 #include "caricamodello.h"
 #include "cp1252.h"
 #include "fileprofilo.h"
-#include "formatomodello.h"
 #include "frmrecord.h"
 
 #include <QCheckBox>
