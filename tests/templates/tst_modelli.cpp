@@ -364,6 +364,8 @@ private Q_SLOTS:
         QTest::newRow("more fields than a count holds")
             << QStringList{"[tabella]", "nome=Rotto", "[campi]", "n=40000"}
             << "Il numero dei campi del Modello (40000) è fuori dall'intervallo ammesso.";
+        QTest::newRow("a name with a quote breaks the search")
+            << QStringList{"[tabella]", "nome=L'isola", "[campi]", "nome1=A", "n=1"} << "syntax error";
         QTest::newRow("a name whose quotes match every collection")
             << QStringList{"[tabella]", "nome=x' or 'a'<>'", "[campi]", "n=0"}
             << "Il nome della collezione del Modello non è valido: x' or 'a'<>'";
