@@ -7,6 +7,7 @@
 #include "frmrecord.h"
 #include "interazionescriptata.h"
 #include "listecontrolli.h"
+#include "ospitemdi.h"
 #include "routinesql.h"
 
 #include <QAction>
@@ -18,25 +19,6 @@
 #include <QTest>
 #include <QToolBar>
 #include <memory>
-
-// The frame's part: child windows go into an MDI area.
-class OspiteMdi final : public OspiteFinestre {
-public:
-    explicit OspiteMdi(QMdiArea& area)
-        : m_area(area) {
-        ImpostaOspiteFinestre(this);
-    }
-    ~OspiteMdi() override { ImpostaOspiteFinestre(nullptr); }
-    void MostraFiglia(QWidget* finestra) override {
-        if (!finestra->parentWidget())
-            m_area.addSubWindow(finestra);
-        finestra->show();
-    }
-    void MostraStato(const QString&) override {}
-
-private:
-    QMdiArea& m_area;
-};
 
 // The record window as the user meets it: opened from the collections list, inside the frame.
 class TestFrmRecord final : public QObject {
@@ -94,10 +76,9 @@ private Q_SLOTS:
                                      "next:Vai al Record Successivo, last:Vai all'Ultimo Record, |, "
                                      "new:Inserisci un Nuovo Record, del:Elimina il Record Corrente, "
                                      "edit:Modifica il Record Corrente, |, ok:Conferma, no:Annulla");
-        QCOMPARE(F().MenuFinestra(), QList<QMenu*>{F().mnuFile});
-        QCOMPARE(F().mnuFile->actions(), (QList<QAction*>{F().mnuTrova, F().mnuEsci}));
-        QCOMPARE(F().mnuFile->title() + " > " + F().mnuTrova->text() + ", " + F().mnuEsci->text(),
-                 QString("File > Trova..., Esci"));
+        QCOMPARE(F().MenuFinestra(), (QList<QMenu*>{F().mnuFile, F().mnuOpzioni}));
+        QCOMPARE(F().mnuFile->actions(),
+                 (QList<QAction*>{F().mnuTrova, F().mnuClipBoard, F().mnuStampa, F().mnuEsci}));
         delete &F();
     }
 
