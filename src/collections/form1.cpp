@@ -6,6 +6,7 @@
 #include "archivio.h"
 #include "comandicampi.h"
 #include "confine.h"
+#include "esportacollezione.h"
 #include "grigliaproprieta.h"
 #include "interazione.h"
 #include "listecontrolli.h"
@@ -93,6 +94,10 @@ void Form1::CreaMenu() {
     mnuDelCollection = Voce(mnuCollezioni, "mnuDelCollection", QStringLiteral("Elimina"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnuSep2"));
     mnuInserisciRecord = Voce(mnuCollezioni, "mnuInserisciRecord", QStringLiteral("Inserisci Record"));
+    mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnuSep1"));
+    mnuEsporta1 = mnuCollezioni->addMenu(QStringLiteral("Esporta"));
+    mnuEsporta1->setObjectName(QStringLiteral("mnuEsporta1"));
+    mnuEsporta = Voce(mnuEsporta1, "mnuEsporta", QStringLiteral("Esporta &Collezione"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
 
@@ -113,6 +118,8 @@ void Form1::CollegaEventi() {
             Protetto([this] { mnuRinominaCollezione_Click(); }));
     connect(mnuDelCollection, &QAction::triggered, this, Protetto([this] { mnuDelCollection_Click(); }));
     connect(mnuInserisciRecord, &QAction::triggered, this, Protetto([this] { InserisciRecord(*List1); }));
+    connect(mnuEsporta, &QAction::triggered, this,
+            Protetto([this] { EsportaCollezione(this, m_idCollezione); }));
     connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
     connect(mnuNewCampo, &QAction::triggered, this, Protetto([this] { CreaNuovoCampo(*this); }));
     connect(mnuElliminaCampo, &QAction::triggered, this, Protetto([this] { EliminaCampo(*this); }));

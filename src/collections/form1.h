@@ -38,6 +38,8 @@ public:
     QAction* mnuRinominaCollezione;
     QAction* mnuDelCollection;
     QAction* mnuInserisciRecord;
+    QMenu* mnuEsporta1;
+    QAction* mnuEsporta;
     QAction* mnuEseguiRicerca;
 
     QMenu* mnuCampi;
