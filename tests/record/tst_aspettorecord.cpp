@@ -205,17 +205,19 @@ private Q_SLOTS:
     void zeroApplicato_menoUnoNo() {
         Apri(m_libri);
         const QColor sfondo = Pixel(QPoint(F().width() - 3, F().height() - 3));
-        const QPalette etichetta = C<QLabel>("Label1(1)").palette();
+        const QPalette costruita = C<QLabel>("Label1(1)").palette();
         const QString sezione = "opzioni" + QString::number(m_dischi);
         SaveSetting(sezione, "coloresfondo", "-1");
-        SaveSetting(sezione, "coloretestoetichette", "0");
-        SaveSetting(sezione, "coloresfondoetichette", "verde");
+        SaveSetting(sezione, "coloresfondoetichette", "0");
+        SaveSetting(sezione, "coloretestoetichette", "verde");
         SaveSetting(sezione, "coloretestocontrolli", "-16777216");
         Apri(m_dischi);
         QCOMPARE(Pixel(QPoint(F().width() - 3, F().height() - 3)), sfondo);
-        QCOMPARE(C<QLabel>("Label1(1)").palette().color(QPalette::WindowText), QColor(Qt::black));
-        QVERIFY(!C<QLabel>("Label1(1)").autoFillBackground());
-        QCOMPARE(C<QLineEdit>("Text1(1)").palette().color(QPalette::Text), etichetta.color(QPalette::Text));
+        const QLabel& etichetta = C<QLabel>("Label1(1)");
+        QVERIFY(etichetta.autoFillBackground());
+        QCOMPARE(Pixel(etichetta.geometry().topLeft() + QPoint(1, 1)), QColor(Qt::black));
+        QCOMPARE(etichetta.palette().color(QPalette::WindowText), costruita.color(QPalette::WindowText));
+        QCOMPARE(C<QLineEdit>("Text1(1)").palette().color(QPalette::Text), costruita.color(QPalette::Text));
     }
 
     // One window shows one collection after the other: each gets its own colours, none of the other's.
