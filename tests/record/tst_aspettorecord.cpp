@@ -1,13 +1,13 @@
 #include "aprirecord.h"
 #include "archivio.h"
 #include "archiviotemporaneo.h"
+#include "areamdi.h"
 #include "campiprova.h"
 #include "frmrecord.h"
 #include "immagine.h"
 #include "impostazioni.h"
 #include "interazionescriptata.h"
 #include "opzioniaspetto.h"
-#include "ospitemdi.h"
 #include "routinesql.h"
 #include "stampatesto.h"
 #include "testorecord.h"
@@ -37,8 +37,7 @@ class TestAspettoRecord final : public QObject {
 
 private:
     std::unique_ptr<ArchivioTemporaneo> m_archivio;
-    std::unique_ptr<QMdiArea> m_area;
-    std::unique_ptr<OspiteMdi> m_ospite;
+    std::unique_ptr<AreaMdi> m_area;
     qint32 m_dischi = 0;
     qint32 m_libri = 0;
     qint32 m_copertina = 0;
@@ -73,10 +72,7 @@ private Q_SLOTS:
 
     void init() {
         m_archivio = std::make_unique<ArchivioTemporaneo>();
-        m_area = std::make_unique<QMdiArea>();
-        m_area->resize(640, 420);
-        m_area->show();
-        m_ospite = std::make_unique<OspiteMdi>(*m_area);
+        m_area = std::make_unique<AreaMdi>(QSize(640, 420));
         m_dischi = CreaCollezione("Dischi", QString());
         const qint32 titolo =
             AggiungiCampo(m_dischi, {{"nome", "Titolo"}, {"etichetta", "Titolo"}, {"top", 40}});
@@ -103,9 +99,7 @@ private Q_SLOTS:
     }
 
     void cleanup() {
-        delete FinestraRecord().parentWidget();
         ImpostaStampantePredefinita({});
-        m_ospite.reset();
         m_area.reset();
         m_archivio.reset();
     }

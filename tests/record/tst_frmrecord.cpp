@@ -1,13 +1,13 @@
 #include "aprirecord.h"
 #include "archivio.h"
 #include "archiviotemporaneo.h"
+#include "areamdi.h"
 #include "campiprova.h"
 #include "confine.h"
 #include "finestre.h"
 #include "frmrecord.h"
 #include "interazionescriptata.h"
 #include "listecontrolli.h"
-#include "ospitemdi.h"
 #include "routinesql.h"
 
 #include <QAction>
@@ -26,8 +26,7 @@ class TestFrmRecord final : public QObject {
 
 private:
     std::unique_ptr<ArchivioTemporaneo> m_archivio;
-    std::unique_ptr<QMdiArea> m_area;
-    std::unique_ptr<OspiteMdi> m_ospite;
+    std::unique_ptr<AreaMdi> m_area;
 
     frmRecord& F() { return FinestraRecord(); }
 
@@ -54,14 +53,10 @@ private Q_SLOTS:
 
     void init() {
         m_archivio = std::make_unique<ArchivioTemporaneo>();
-        m_area = std::make_unique<QMdiArea>();
-        m_area->resize(560, 420);
-        m_area->show();
-        m_ospite = std::make_unique<OspiteMdi>(*m_area);
+        m_area = std::make_unique<AreaMdi>(QSize(560, 420));
     }
 
     void cleanup() {
-        m_ospite.reset();
         m_area.reset();
         m_archivio.reset();
     }
