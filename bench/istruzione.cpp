@@ -56,6 +56,11 @@ QString Istruzione::Testo(int colonna) const {
                              sqlite3_column_bytes(m_stmt, colonna));
 }
 
+QByteArrayView Istruzione::Byte(int colonna) const {
+    const auto* testo = reinterpret_cast<const char*>(sqlite3_column_text(m_stmt, colonna));
+    return QByteArrayView(testo, sqlite3_column_bytes(m_stmt, colonna));
+}
+
 sqlite3* Istruzione::Connessione() const {
     return sqlite3_db_handle(m_stmt);
 }

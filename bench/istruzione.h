@@ -27,6 +27,8 @@ public:
     // Bytes of a column read as text; reading is what makes the engine produce the value.
     int LunghezzaTesto(int colonna) const;
     QString Testo(int colonna) const;
+    // The column's text as the store holds it, UTF-8, valid until the next step.
+    QByteArrayView Byte(int colonna) const;
     sqlite3* Connessione() const;
 
 private:

@@ -16,6 +16,8 @@ struct Operazione {
     std::function<void()> dopo = [] {};
     // Loading a record is expected to cost the same whatever the store's size.
     bool caricamento = false;
+    // Writing out the collection is expected to cost the same per record whatever the store's size.
+    bool perRecord = false;
     // How many times its floor the operation may take.
     double obiettivo = 3.0;
 };
@@ -26,6 +28,7 @@ struct Risultato {
     qint64 pavimentoNs = 0;
     int ripetizioni = 0;
     bool caricamento = false;
+    bool perRecord = false;
     double obiettivo = 3.0;
 };
 

@@ -1,6 +1,8 @@
 #include "operazioni.h"
 
+#include "archivio.h"
 #include "costruisciform.h"
+#include "esportatesto.h"
 #include "frmanteprima.h"
 #include "frmfind.h"
 #include "frmrecord.h"
@@ -13,6 +15,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <memory>
 #include <stdexcept>
@@ -161,6 +165,32 @@ Operazione Disposizione(Banco& b) {
     return o;
 }
 
+QByteArray Contenuto(const QString& percorso) {
+    QFile file(percorso);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The whole collection written to a text file, beside the floor's file of the same bytes.
+Operazione Esportazione(Banco& b) {
+    const QString figura = QDir(AppPath()).filePath(QStringLiteral("esportato.txt"));
+    const QString pavimento = QDir(AppPath()).filePath(QStringLiteral("pavimento.txt"));
+    Operazione o{QStringLiteral("export the collection as text (EsportaTesto)"),
+                 [&b, figura] { EsportaTesto(b.collezione.id, figura); },
+                 [&b, pavimento] {
+                     Richiedi(b.pavimento.Esporta(pavimento) == b.record * DefinizioniCampi().size(),
+                              "the floor did not read every value");
+                 },
+                 [] {},
+                 [figura, pavimento] {
+                     if (QFile::exists(figura) && QFile::exists(pavimento))
+                         Richiedi(Contenuto(figura) == Contenuto(pavimento),
+                                  "the export and its floor wrote different files");
+                 }};
+    o.perRecord = true;
+    o.obiettivo = 1.5;
+    return o;
+}
+
 } // namespace
 
 qint32 RecordNonCaricato(Banco& banco) {
@@ -184,5 +214,5 @@ QList<Operazione> Operazioni(Banco& b) {
             Ricerca(b, QStringLiteral("search, whole value (one record)"),
                     DefinizioniCampi().at(0).valore(b.record / 4), true, 1.5),
             Ricerca(b, QStringLiteral("search matching every record"), QStringLiteral("Titolo"), false, 3.0),
-            Disposizione(b)};
+            Disposizione(b), Esportazione(b)};
 }

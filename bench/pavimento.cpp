@@ -5,6 +5,8 @@
 #include <sqlcipher/sqlite3.h>
 
 #include <QDate>
+#include <QFile>
+#include <stdexcept>
 
 namespace {
 
@@ -35,7 +37,11 @@ Pavimento::Pavimento(const CollezioneBench& collezione)
     , m_disposizione(QStringLiteral("update campi set \"left\"=?3, top=?4, height=?5, width=?6 "
                                     "where id=?2 and id_collezione=?1"))
     , m_inizia(QStringLiteral("begin"))
-    , m_conferma(QStringLiteral("commit")) {}
+    , m_conferma(QStringLiteral("commit"))
+    , m_esporta(
+          QStringLiteral("select valori.numerorecord, campi.nome, valori.valore from valori join campi on "
+                         "valori.id_campo=campi.id where campi.id_collezione=?1 "
+                         "order by valori.numerorecord, campi.nome")) {}
 
 qint32 Pavimento::Massimo() {
     m_massimo.Lega(1, m_collezione.id);
@@ -122,6 +128,44 @@ int Pavimento::Cerca(const QString& campo, const QString& testo, bool esatta) {
     }
     valori.Azzera();
     return righe;
+}
+
+int Pavimento::Esporta(const QString& percorso) {
+    QFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        throw std::runtime_error("the floor could not write its export file");
+    // Record 1's names head the file: its line waits until they are all read.
+    QByteArray intestazione, primaRiga, blocco;
+    qint64 corrente = 0;
+    int letti = 0;
+    m_esporta.Lega(1, m_collezione.id);
+    for (; m_esporta.Riga(); ++letti) {
+        const qint64 n = m_esporta.Intero(0);
+        QByteArray& riga = n == 1 ? primaRiga : blocco;
+        if (n == corrente) {
+            riga += '\t';
+            if (n == 1)
+                intestazione += '\t';
+        } else if (corrente == 1) {
+            blocco = intestazione + "\r\n" + primaRiga + "\r\n";
+        } else if (corrente > 1) {
+            blocco += "\r\n";
+        }
+        corrente = n;
+        if (n == 1)
+            intestazione += m_esporta.Byte(1);
+        riga += m_esporta.Byte(2);
+        if (blocco.size() >= 1 << 20) {
+            file.write(blocco);
+            blocco.clear();
+        }
+    }
+    m_esporta.Azzera();
+    if (corrente == 1)
+        blocco = intestazione + "\r\n" + primaRiga;
+    blocco += "\r\n";
+    file.write(blocco);
+    return letti;
 }
 
 void Pavimento::SvuotaCache() {

@@ -32,6 +32,10 @@ public:
     // A search: the field's id by its name, then its matching value rows, each statement prepared
     // once from the window's own text; answers the rows read.
     int Cerca(const QString& campo, const QString& testo, bool esatta);
+    // The text export: one query of all the collection's values by record and field name, the
+    // same bytes written to the file (the bench's values are ASCII, the same in UTF-8 and
+    // Windows-1252); answers the values read.
+    int Esporta(const QString& percorso);
 
 private:
     CollezioneBench m_collezione;
@@ -47,6 +51,7 @@ private:
     Istruzione m_disposizione;
     Istruzione m_inizia;
     Istruzione m_conferma;
+    Istruzione m_esporta;
     std::map<QString, std::unique_ptr<Istruzione>> m_ricerche;
 
     Istruzione& Ricerca(const QString& sql);

@@ -117,12 +117,15 @@ QString Esito(bool riuscito) {
 void StampaObiettiviScala(QTextStream& out, const MisureDimensione& piccolo, const MisureDimensione& grande) {
     for (qsizetype i = 0; i < grande.risultati.size(); ++i) {
         const Risultato& risultato = grande.risultati.at(i);
-        if (!risultato.caricamento)
+        if (!risultato.caricamento && !risultato.perRecord)
             continue;
-        const double r = Rapporto(risultato.figuraNs, piccolo.risultati.at(i).figuraNs);
+        double r = Rapporto(risultato.figuraNs, piccolo.risultati.at(i).figuraNs);
+        if (risultato.perRecord)
+            r *= Rapporto(piccolo.record, grande.record);
         out << Riga(
-            {QStringLiteral("%1 ≤ %2 × %3")
-                 .arg(Etichetta(grande.record), QString::number(ObiettivoScala), Etichetta(piccolo.record)),
+            {QStringLiteral("%1%2 ≤ %3 × %4")
+                 .arg(risultato.perRecord ? QStringLiteral("per record, ") : QString(),
+                      Etichetta(grande.record), QString::number(ObiettivoScala), Etichetta(piccolo.record)),
              risultato.nome, FormatoRapporto(r), Esito(r <= ObiettivoScala)});
     }
 }

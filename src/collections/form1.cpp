@@ -7,6 +7,7 @@
 #include "comandicampi.h"
 #include "comandimodelli.h"
 #include "confine.h"
+#include "esportacollezione.h"
 #include "grigliaproprieta.h"
 #include "interazione.h"
 #include "listecontrolli.h"
@@ -100,6 +101,7 @@ void Form1::CreaMenu() {
     mnuEsporta1 = mnuCollezioni->addMenu(QStringLiteral("Esporta"));
     mnuEsporta1->setObjectName(QStringLiteral("mnuEsporta1"));
     mnuEsporta1->menuAction()->setObjectName(QStringLiteral("mnuEsporta1"));
+    mnuEsporta = Voce(mnuEsporta1, "mnuEsporta", QStringLiteral("Esporta &Collezione"));
     mnuEsportaModello = Voce(mnuEsporta1, "mnuEsportaModello", QStringLiteral("Esporta &Modello"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
@@ -125,6 +127,8 @@ void Form1::CollegaEventi() {
             Protetto([this] { mnuRinominaCollezione_Click(); }));
     connect(mnuDelCollection, &QAction::triggered, this, Protetto([this] { mnuDelCollection_Click(); }));
     connect(mnuInserisciRecord, &QAction::triggered, this, Protetto([this] { InserisciRecord(*List1); }));
+    connect(mnuEsporta, &QAction::triggered, this,
+            Protetto([this] { EsportaCollezione(this, m_idCollezione); }));
     connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
     connect(mnuNewCampo, &QAction::triggered, this, Protetto([this] { CreaNuovoCampo(*this); }));
     connect(mnuElliminaCampo, &QAction::triggered, this, Protetto([this] { EliminaCampo(*this); }));

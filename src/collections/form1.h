@@ -40,6 +40,7 @@ public:
     QAction* mnuDelCollection;
     QAction* mnuInserisciRecord;
     QMenu* mnuEsporta1;
+    QAction* mnuEsporta;
     QAction* mnuEsportaModello;
     QAction* mnuEseguiRicerca;
 

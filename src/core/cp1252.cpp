@@ -44,16 +44,23 @@ bool Cp1252Contiene(const QString& testo) {
     return std::all_of(testo.cbegin(), testo.cend(), [](QChar c) { return Byte(c) >= 0; });
 }
 
-QByteArray InCp1252(const QString& testo) {
-    QByteArray byte;
-    byte.reserve(testo.size());
+bool AccodaCp1252(QStringView testo, QByteArray& destinazione) {
+    bool tutti = true;
     for (qsizetype i = 0; i < testo.size(); ++i) {
         const int b = Byte(testo.at(i));
-        byte.append(b < 0 ? '?' : static_cast<char>(b));
+        tutti = tutti && b >= 0;
+        destinazione.append(b < 0 ? '?' : static_cast<char>(b));
         // A character beyond the first 65536 takes two units and gets one '?'.
         if (testo.at(i).isHighSurrogate() && i + 1 < testo.size() && testo.at(i + 1).isLowSurrogate())
             ++i;
     }
+    return tutti;
+}
+
+QByteArray InCp1252(const QString& testo) {
+    QByteArray byte;
+    byte.reserve(testo.size());
+    AccodaCp1252(testo, byte);
     return byte;
 }
 

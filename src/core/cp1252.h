@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringView>
 
 // Windows-1252, the code page of the program's text files, and the rule by which the program reads
 // such files back: bytes that are valid UTF-8 are UTF-8, anything else is Windows-1252.
@@ -10,6 +11,8 @@
 bool Cp1252Contiene(const QString& testo);
 // The text in Windows-1252; each character without a byte becomes one '?'.
 QByteArray InCp1252(const QString& testo);
+// The same, appended to a buffer being filled; false when some character had no byte.
+bool AccodaCp1252(QStringView testo, QByteArray& destinazione);
 QString DaCp1252(const QByteArray& byte);
 
 // True when the bytes are valid UTF-8 holding at least one character beyond ASCII: the case in which

@@ -27,4 +27,6 @@ void ApriRecord(qint32 idCollezione, qint32 n) {
     CaricaRecord(finestra, n, idCollezione);
     finestra.AdattaAlContenuto();
     MostraFiglia(&finestra);
+    // A window already active is not activated again: the collection's look is applied here.
+    finestra.Form_Activate();
 }

@@ -1,15 +1,24 @@
 #include "frmrecord.h"
 
 #include "apertorericerca.h"
+#include "aspettorecord.h"
 #include "confine.h"
 #include "iconebarra.h"
+#include "immagine.h"
 #include "interazione.h"
 #include "navigazione.h"
+#include "opzioniaspetto.h"
 #include "routinesql.h"
+#include "sceltaimmagine.h"
+#include "stampatesto.h"
+#include "testorecord.h"
 
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QPainter>
 #include <QPointer>
 #include <QStyle>
 #include <QToolBar>
@@ -26,6 +35,11 @@ void frmRecord::CreaBarra() {
     Toolbar1 = new QToolBar(this);
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
     Toolbar1->setMovable(false);
+    // The window's background colour is the collection's; the toolbar keeps the system's.
+    QPalette tavolozza = Toolbar1->palette();
+    tavolozza.setColor(QPalette::Window, tavolozza.color(QPalette::Window));
+    Toolbar1->setPalette(tavolozza);
+    Toolbar1->setAutoFillBackground(true);
     AggiungiPulsante(QStringLiteral("first"), QStyle::SP_MediaSkipBackward,
                      QStringLiteral("Vai al Primo Record"));
     AggiungiPulsante(QStringLiteral("prev"), QStyle::SP_MediaSeekBackward,
@@ -61,23 +75,154 @@ void frmRecord::AggiungiPulsante(const QString& chiave, const QIcon& icona, cons
     connect(pulsante, &QAction::triggered, this, Protetto([this, chiave] { Toolbar1_ButtonClick(chiave); }));
 }
 
+QAction* frmRecord::Voce(QMenu* menu, const char* nome, const QString& testo) {
+    QAction* azione = menu->addAction(testo);
+    azione->setObjectName(QLatin1String(nome));
+    return azione;
+}
+
 void frmRecord::CreaMenu() {
     mnuFile = new QMenu(QStringLiteral("File"), this);
     mnuFile->setObjectName(QStringLiteral("mnuFile"));
-    mnuTrova = mnuFile->addAction(QStringLiteral("Trova..."));
-    mnuTrova->setObjectName(QStringLiteral("mnuTrova"));
-    mnuEsci = mnuFile->addAction(QStringLiteral("Esci"));
-    mnuEsci->setObjectName(QStringLiteral("mnuEsci"));
+    mnuTrova = Voce(mnuFile, "mnuTrova", QStringLiteral("Trova..."));
+    mnuClipBoard = Voce(mnuFile, "mnuClipBoard", QStringLiteral("Copia negli Appunti"));
+    mnuStampa = Voce(mnuFile, "mnuStampa", QStringLiteral("Stampa"));
+    mnuEsci = Voce(mnuFile, "mnuEsci", QStringLiteral("Esci"));
     connect(mnuTrova, &QAction::triggered, this, Protetto([this] { mnuTrova_Click(); }));
+    connect(mnuClipBoard, &QAction::triggered, this, Protetto([this] { mnuClipBoard_Click(); }));
+    connect(mnuStampa, &QAction::triggered, this, Protetto([this] { mnuStampa_Click(); }));
     connect(mnuEsci, &QAction::triggered, this, Protetto([this] { mnuEsci_Click(); }));
+    CreaMenuOpzioni();
+}
+
+void frmRecord::CreaMenuOpzioni() {
+    mnuOpzioni = new QMenu(QStringLiteral("Opzioni"), this);
+    mnuOpzioni->setObjectName(QStringLiteral("mnuOpzioni"));
+    mnuColori = mnuOpzioni->addMenu(QStringLiteral("Imposta Colori"));
+    mnuColori->setObjectName(QStringLiteral("mnuColori"));
+    mnuColoreTestoEtichette =
+        Voce(mnuColori, "mnuColoreTestoEtichette", QStringLiteral("Colore Testo Etichette"));
+    mnuColoreSfondoEtichette =
+        Voce(mnuColori, "mnuColoreSfondoEtichette", QStringLiteral("Colore Sfondo Etichette"));
+    mnuColoreSfondo = Voce(mnuColori, "mnuColoreSfondo", QStringLiteral("Colore Sfondo Finestra"));
+    mnuColoreTestoControlli =
+        Voce(mnuColori, "mnuColoreTestoControlli", QStringLiteral("Colore Testo Controlli"));
+    mnuImmagineSfondo = mnuOpzioni->addMenu(QStringLiteral("Immagine di Sfondo"));
+    mnuImmagineSfondo->setObjectName(QStringLiteral("mnuImmagineSfondo"));
+    mnuScegliImmagine = Voce(mnuImmagineSfondo, "mnuScegliImmagine", QStringLiteral("Imposta Immagine"));
+    mnuRimuovi = Voce(mnuImmagineSfondo, "mnuRimuovi", QStringLiteral("Rimuovi Immagine"));
+    const QList<QPair<QAction*, QString>> colori{
+        {mnuColoreTestoEtichette, OpzioniAspetto::ColoreTestoEtichette},
+        {mnuColoreSfondoEtichette, OpzioniAspetto::ColoreSfondoEtichette},
+        {mnuColoreSfondo, OpzioniAspetto::ColoreSfondo},
+        {mnuColoreTestoControlli, OpzioniAspetto::ColoreTestoControlli}};
+    for (const auto& [voce, chiave] : colori)
+        connect(voce, &QAction::triggered, this, Protetto([this, chiave] { mnuColore_Click(chiave); }));
+    connect(mnuScegliImmagine, &QAction::triggered, this, Protetto([this] { mnuScegliImmagine_Click(); }));
+    connect(mnuRimuovi, &QAction::triggered, this, Protetto([this] { mnuRimuovi_Click(); }));
 }
 
 void frmRecord::mnuTrova_Click() {
     ApriRicercaSu(CurrTabella);
 }
 
+void frmRecord::mnuClipBoard_Click() {
+    QGuiApplication::clipboard()->setText(TestoRecord(CurrTabella, RecordCorrente));
+}
+
+void frmRecord::mnuStampa_Click() {
+    const QString testo = TestoRecord(CurrTabella, RecordCorrente);
+    if (!testo.isEmpty())
+        StampaSuPredefinita(testo);
+}
+
 void frmRecord::mnuEsci_Click() {
     Contenitore().close();
+}
+
+void frmRecord::mnuColore_Click(const QString& chiave) {
+    const std::optional<QColor> scelto =
+        SceltaColore(LeggiColore(CurrTabella, chiave).value_or(QColor(Qt::black)));
+    if (!scelto)
+        return;
+    ScriviColore(CurrTabella, chiave, *scelto);
+    ApplicaColori(*this, CurrTabella);
+}
+
+void frmRecord::mnuScegliImmagine_Click() {
+    const QString percorso = ScegliImmagine(this);
+    if (percorso.isEmpty())
+        return;
+    m_sfondo = CaricaImmagine(percorso);
+    m_percorsoSfondo = percorso;
+    ScriviImmagineSfondo(CurrTabella, percorso);
+    update();
+}
+
+void frmRecord::mnuRimuovi_Click() {
+    m_sfondo = QPixmap();
+    m_percorsoSfondo.clear();
+    ScriviImmagineSfondo(CurrTabella, QString());
+    update();
+}
+
+// The path in Tag is what saving the record stores; the file stays where it is.
+void frmRecord::Image1_Click(Immagine& immagine) {
+    const QString percorso = ScegliImmagine(this);
+    if (percorso.isEmpty())
+        return;
+    immagine.setPixmap(CaricaImmagine(percorso));
+    immagine.setProperty("Tag", percorso);
+}
+
+// A picture that cannot be loaded is reported once per opening of the window, not at every
+// activation: the same path is not read again until the window is built anew.
+void frmRecord::Form_Activate() {
+    ApplicaColori(*this, CurrTabella);
+    EseguiProtetto([this] { CaricaSfondo(); });
+}
+
+void frmRecord::CaricaSfondo() {
+    const QString percorso = LeggiImmagineSfondo(CurrTabella);
+    if (percorso == m_percorsoSfondo)
+        return;
+    m_percorsoSfondo = percorso;
+    m_sfondo = QPixmap();
+    update();
+    if (!percorso.isEmpty())
+        m_sfondo = CaricaImmagine(percorso);
+}
+
+void frmRecord::ElementoCaricato(QWidget& elemento) {
+    if (auto* immagine = qobject_cast<Immagine*>(&elemento))
+        connect(immagine, &Immagine::Click, this, Protetto([this, immagine] { Image1_Click(*immagine); }));
+}
+
+bool frmRecord::event(QEvent* evento) {
+    if (evento->type() == QEvent::WindowActivate && isWindow())
+        Form_Activate();
+    else if (evento->type() == QEvent::ParentChange)
+        SeguiAttivazione();
+    return FinestraControlli::event(evento);
+}
+
+// Inside the frame the sub-window, not this widget, is what becomes active.
+void frmRecord::SeguiAttivazione() {
+    auto* sottofinestra = qobject_cast<QMdiSubWindow*>(parentWidget());
+    if (!sottofinestra)
+        return;
+    connect(sottofinestra, &QMdiSubWindow::windowStateChanged, this,
+            [this](Qt::WindowStates prima, Qt::WindowStates dopo) {
+                if (dopo.testFlag(Qt::WindowActive) && !prima.testFlag(Qt::WindowActive))
+                    Form_Activate();
+            });
+}
+
+void frmRecord::paintEvent(QPaintEvent* /*evento*/) {
+    if (m_sfondo.isNull())
+        return;
+    QPainter pittore(this);
+    pittore.drawPixmap(0, Toolbar1->height(), m_sfondo); // the layout's origin is below the toolbar
 }
 
 // Inside the frame the window lives in a sub-window, which is sized and closed with it.
@@ -93,7 +238,7 @@ void frmRecord::AdattaAlContenuto() {
 }
 
 QList<QMenu*> frmRecord::MenuFinestra() const {
-    return {mnuFile};
+    return {mnuFile, mnuOpzioni};
 }
 
 QAction* frmRecord::Pulsante(const QString& chiave) const {
@@ -105,6 +250,8 @@ void frmRecord::Form_Load() {
     RecordCorrente = 0;
     NuovoRecord = false;
     ModificaRecord = false;
+    m_sfondo = QPixmap();
+    m_percorsoSfondo.clear();
     setWindowTitle(QStringLiteral("Record"));
     ImpostaStatoBottoni();
 }

@@ -1,5 +1,6 @@
 #include "immagine.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 Immagine::Immagine(QWidget* parent)
@@ -22,4 +23,10 @@ void Immagine::paintEvent(QPaintEvent* evento) {
         pittore.drawPixmap(contentsRect(), figura);
     else
         pittore.drawPixmap(contentsRect().topLeft(), figura);
+}
+
+void Immagine::mouseReleaseEvent(QMouseEvent* evento) {
+    QLabel::mouseReleaseEvent(evento);
+    if (evento->button() == Qt::LeftButton && rect().contains(evento->position().toPoint()))
+        Q_EMIT Click();
 }

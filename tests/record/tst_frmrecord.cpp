@@ -1,6 +1,7 @@
 #include "aprirecord.h"
 #include "archivio.h"
 #include "archiviotemporaneo.h"
+#include "areamdi.h"
 #include "campiprova.h"
 #include "confine.h"
 #include "finestre.h"
@@ -19,33 +20,13 @@
 #include <QToolBar>
 #include <memory>
 
-// The frame's part: child windows go into an MDI area.
-class OspiteMdi final : public OspiteFinestre {
-public:
-    explicit OspiteMdi(QMdiArea& area)
-        : m_area(area) {
-        ImpostaOspiteFinestre(this);
-    }
-    ~OspiteMdi() override { ImpostaOspiteFinestre(nullptr); }
-    void MostraFiglia(QWidget* finestra) override {
-        if (!finestra->parentWidget())
-            m_area.addSubWindow(finestra);
-        finestra->show();
-    }
-    void MostraStato(const QString&) override {}
-
-private:
-    QMdiArea& m_area;
-};
-
 // The record window as the user meets it: opened from the collections list, inside the frame.
 class TestFrmRecord final : public QObject {
     Q_OBJECT
 
 private:
     std::unique_ptr<ArchivioTemporaneo> m_archivio;
-    std::unique_ptr<QMdiArea> m_area;
-    std::unique_ptr<OspiteMdi> m_ospite;
+    std::unique_ptr<AreaMdi> m_area;
 
     frmRecord& F() { return FinestraRecord(); }
 
@@ -72,14 +53,10 @@ private Q_SLOTS:
 
     void init() {
         m_archivio = std::make_unique<ArchivioTemporaneo>();
-        m_area = std::make_unique<QMdiArea>();
-        m_area->resize(560, 420);
-        m_area->show();
-        m_ospite = std::make_unique<OspiteMdi>(*m_area);
+        m_area = std::make_unique<AreaMdi>(QSize(560, 420));
     }
 
     void cleanup() {
-        m_ospite.reset();
         m_area.reset();
         m_archivio.reset();
     }
@@ -94,10 +71,9 @@ private Q_SLOTS:
                                      "next:Vai al Record Successivo, last:Vai all'Ultimo Record, |, "
                                      "new:Inserisci un Nuovo Record, del:Elimina il Record Corrente, "
                                      "edit:Modifica il Record Corrente, |, ok:Conferma, no:Annulla");
-        QCOMPARE(F().MenuFinestra(), QList<QMenu*>{F().mnuFile});
-        QCOMPARE(F().mnuFile->actions(), (QList<QAction*>{F().mnuTrova, F().mnuEsci}));
-        QCOMPARE(F().mnuFile->title() + " > " + F().mnuTrova->text() + ", " + F().mnuEsci->text(),
-                 QString("File > Trova..., Esci"));
+        QCOMPARE(F().MenuFinestra(), (QList<QMenu*>{F().mnuFile, F().mnuOpzioni}));
+        QCOMPARE(F().mnuFile->actions(),
+                 (QList<QAction*>{F().mnuTrova, F().mnuClipBoard, F().mnuStampa, F().mnuEsci}));
         delete &F();
     }
 

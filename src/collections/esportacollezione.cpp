@@ -1,0 +1,15 @@
+#include "esportacollezione.h"
+
+#include "archivio.h"
+#include "dialogofile.h"
+#include "esportatesto.h"
+
+void EsportaCollezione(QWidget* proprietario, qint32 idCollezione) {
+    if (idCollezione < 0)
+        return;
+    const QString file =
+        DialogoFile(proprietario, 2, QStringLiteral("Esporta File..."), QString(),
+                    QStringLiteral("Tutti i files\0*.*\0"), AppPath(), QStringLiteral("txt"));
+    if (!file.isEmpty())
+        EsportaTesto(idCollezione, file);
+}
