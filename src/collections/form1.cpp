@@ -4,6 +4,7 @@
 #include "aprirecord.h"
 #include "apriricerca.h"
 #include "archivio.h"
+#include "comandibackup.h"
 #include "comandicampi.h"
 #include "confine.h"
 #include "grigliaproprieta.h"
@@ -95,6 +96,9 @@ void Form1::CreaMenu() {
     mnuInserisciRecord = Voce(mnuCollezioni, "mnuInserisciRecord", QStringLiteral("Inserisci Record"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
+    mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusepBack"));
+    mnuBackup = Voce(mnuCollezioni, "mnuBackup", QStringLiteral("Backup"));
+    mnuRestore = Voce(mnuCollezioni, "mnuRestore", QStringLiteral("Restore"));
 
     mnuCampi = new QMenu(QStringLiteral("Campi"), this);
     mnuCampi->setObjectName(QStringLiteral("mnuCampi"));
@@ -114,6 +118,8 @@ void Form1::CollegaEventi() {
     connect(mnuDelCollection, &QAction::triggered, this, Protetto([this] { mnuDelCollection_Click(); }));
     connect(mnuInserisciRecord, &QAction::triggered, this, Protetto([this] { InserisciRecord(*List1); }));
     connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
+    connect(mnuBackup, &QAction::triggered, this, Protetto([this] { Backup(this); }));
+    connect(mnuRestore, &QAction::triggered, this, Protetto([this] { Restore(this); }));
     connect(mnuNewCampo, &QAction::triggered, this, Protetto([this] { CreaNuovoCampo(*this); }));
     connect(mnuElliminaCampo, &QAction::triggered, this, Protetto([this] { EliminaCampo(*this); }));
     connect(mnuPermettiModifichePropCampi, &QAction::toggled, this,

@@ -39,6 +39,8 @@ public:
     QAction* mnuDelCollection;
     QAction* mnuInserisciRecord;
     QAction* mnuEseguiRicerca;
+    QAction* mnuBackup;
+    QAction* mnuRestore;
 
     QMenu* mnuCampi;
     QAction* mnuNewCampo;

@@ -3,7 +3,9 @@
 #include "apertorericerca.h"
 #include "apriricerca.h"
 #include "archivio.h"
+#include "comandibackup.h"
 #include "confine.h"
+#include "finestreripristino.h"
 #include "form1.h"
 #include "frmabout.h"
 #include "iconaprogramma.h"
@@ -12,11 +14,26 @@
 #include "programma.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPointer>
+#include <QSignalBlocker>
 #include <QStatusBar>
+#include <QTimer>
+
+namespace {
+
+// The program names its windows frm... and Form...; menus, tips and the like are no windows of it.
+bool FinestraDelProgramma(const QWidget& finestra) {
+    const QString nome = finestra.objectName().toLower();
+    return nome != QLatin1String("frmmain") &&
+           (nome.startsWith(QLatin1String("frm")) || nome.startsWith(QLatin1String("form")));
+}
+
+} // namespace
 
 QString TitoloFrame(int maggiore, int minore, int revisione) {
     return Programma::Titolo() + QStringLiteral(" - versione ") + QString::number(maggiore) +
@@ -43,11 +60,16 @@ frmMAIN::frmMAIN(QWidget* parent)
     ImpostaOspiteFinestre(this);
     // The record window's "Trova..." reaches the search window through this hook.
     ImpostaApertoreRicerca(ApriRicerca);
+    ImpostaRipristinatore([this](const QString& backup) {
+        // Queued: the restore unloads the window whose menu asked for it.
+        QTimer::singleShot(0, this, [this, backup] { EseguiProtetto([&] { Ripristina(*this, backup); }); });
+    });
     MostraFiglia(&CaricaForm1());
 }
 
 frmMAIN::~frmMAIN() {
     ImpostaOspiteFinestre(nullptr);
+    ImpostaRipristinatore({});
     // The children go first, while the frame is whole and no longer follows their activation.
     m_area->disconnect(this);
     for (QMdiSubWindow* figlio : m_area->subWindowList())
@@ -137,6 +159,22 @@ void frmMAIN::MostraFiglia(QWidget* finestra) {
 
 void frmMAIN::MostraStato(const QString& testo) {
     Sbar1->showMessage(testo);
+}
+
+void frmMAIN::ScaricaFinestre() {
+    {
+        // Deleted at once: a window reloaded right after must be a new one.
+        const QSignalBlocker blocco(m_area);
+        for (QMdiSubWindow* figlio : m_area->subWindowList())
+            delete figlio;
+    }
+    QList<QPointer<QWidget>> altre;
+    for (QWidget* finestra : QApplication::topLevelWidgets())
+        if (finestra != this && FinestraDelProgramma(*finestra))
+            altre << finestra;
+    for (const QPointer<QWidget>& finestra : std::as_const(altre))
+        delete finestra.data();
+    AggiornaMenu();
 }
 
 void frmMAIN::mnuApriGestioneCollezioni_Click() {
