@@ -20,37 +20,41 @@ void VerificaChiuso(const QString& archivio) {
     for (const QString& accessorio :
          QStringList{archivio + QStringLiteral("-wal"), archivio + QStringLiteral("-journal")})
         if (QFileInfo(accessorio).size() > 0)
-            throw RipristinoAnnullato(
+            throw ErroreDatabase(
                 QStringLiteral("il file ") + accessorio +
                 QStringLiteral(
                     " contiene modifiche non ancora scritte nell'archivio: forse un altro programma "
                     "lo sta usando. Chiudere ogni altro programma che usa l'archivio e riprovare."));
 }
 
-QString ConservaArchivio(const QString& archivio) {
+void ConservaArchivio(const QString& archivio, bool inUso) {
     if (!QFile::exists(archivio))
-        return {};
+        return;
     const QString copia = NomeCopiaRecupero(archivio, QDateTime::currentDateTime());
-    try {
-        CopiaFile(archivio, copia);
-    } catch (const ErroreDatabase& errore) {
-        throw RipristinoAnnullato(errore.messaggio());
-    }
-    return copia;
+    CopiaFile(archivio, copia);
+    if (inUso)
+        CopiaInUso() = copia;
 }
 
-void Rimuovi(const QString& percorso, const QString& provvisorio) {
-    if (!QFile::exists(percorso) || QFile::remove(percorso))
-        return;
-    QFile::remove(provvisorio);
-    throw RipristinoAnnullato(QStringLiteral("impossibile eliminare il file ") + percorso);
+void Rimuovi(const QString& percorso) {
+    if (QFile::exists(percorso) && !QFile::remove(percorso))
+        throw ErroreDatabase(QStringLiteral("impossibile eliminare il file ") + percorso);
+}
+
+// Everything up to the store's deletion; the backup is read first, so an unreadable one, or a
+// full disk, stops the restore here.
+void PreparaSostituzione(const QString& archivio, const QString& backup, bool inUso,
+                         const QString& provvisorio) {
+    VerificaChiuso(archivio);
+    ConservaArchivio(archivio, inUso);
+    CopiaFile(backup, provvisorio);
+    // A log or index left by the old store must never be read as the restored one's.
+    for (const QString& accessorio : FileAccessori(archivio))
+        Rimuovi(accessorio);
+    Rimuovi(archivio);
 }
 
 } // namespace
-
-RipristinoAnnullato::RipristinoAnnullato(const QString& motivo)
-    : std::runtime_error(motivo.toStdString())
-    , m_motivo(motivo) {}
 
 QString NomeCopiaRecupero(const QString& archivio, const QDateTime& quando) {
     const QString base = archivio + QStringLiteral(".prima-del-ripristino-") +
@@ -61,25 +65,18 @@ QString NomeCopiaRecupero(const QString& archivio, const QDateTime& quando) {
     return nome;
 }
 
-void SostituisciArchivio(const QString& archivio, const QString& backup, bool inUso) {
-    VerificaChiuso(archivio);
-    const QString copia = ConservaArchivio(archivio);
-    if (inUso && !copia.isEmpty())
-        CopiaInUso() = copia;
-    // The backup is read before anything is deleted: an unreadable one, or a full disk, stops here.
+QString SostituisciArchivio(const QString& archivio, const QString& backup, bool inUso) {
     const QString provvisorio = archivio + QStringLiteral(".ripristino-in-corso");
     try {
-        CopiaFile(backup, provvisorio);
+        PreparaSostituzione(archivio, backup, inUso, provvisorio);
     } catch (const ErroreDatabase& errore) {
-        throw RipristinoAnnullato(errore.messaggio());
+        QFile::remove(provvisorio);
+        return errore.messaggio();
     }
-    // A log or index left by the old store must never be read as the restored one's.
-    for (const QString& accessorio : FileAccessori(archivio))
-        Rimuovi(accessorio, provvisorio);
-    Rimuovi(archivio, provvisorio);
     if (!QFile::rename(provvisorio, archivio))
         throw ErroreDatabase(QStringLiteral("impossibile mettere il backup al posto dell'archivio: ") +
                              archivio);
+    return {};
 }
 
 QString UltimaCopiaInUso() {

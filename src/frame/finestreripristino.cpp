@@ -25,13 +25,11 @@ QString MessaggioNonRiuscito(const QString& errore, const QString& archivio) {
 }
 
 void Sostituisci(const QString& archivio, const QString& backup, bool inUso) {
-    try {
-        SostituisciArchivio(archivio, backup, inUso);
-    } catch (const RipristinoAnnullato& annullato) {
+    const QString annullato = SostituisciArchivio(archivio, backup, inUso);
+    if (!annullato.isEmpty())
         MsgBox(QStringLiteral("Il ripristino è stato annullato e l'archivio non è stato modificato:\n") +
-                   annullato.motivo(),
+                   annullato,
                Pulsanti::Ok, Icona::Esclamativa);
-    }
 }
 
 } // namespace

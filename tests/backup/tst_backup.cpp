@@ -109,12 +109,17 @@ private:
                        QDir::Name);
     }
 
-    void Backup(const QString& destinazione) {
+    // A command whose only prompt is its file dialog, answered with the given path.
+    void ConFile(QAction* comando, const QString& percorso) {
         InterazioneScriptata script;
-        script.File(destinazione);
-        IstanzaForm1()->mnuBackup->trigger();
+        script.File(percorso);
+        comando->trigger();
+        QCoreApplication::processEvents();
         VERIFICA_SCRIPT(script);
     }
+    void Backup(const QString& destinazione) { ConFile(IstanzaForm1()->mnuBackup, destinazione); }
+    // A recovery copy put back as the failure message says: Restore, and the copy chosen.
+    void Rimetti(const QString& copia) { ConFile(IstanzaForm1()->mnuRestore, copia); }
 
     // The command as the menu runs it; the steps after the choice run from the event loop.
     void Restore() {
@@ -295,10 +300,7 @@ private Q_SLOTS:
     void cancelInTheOpenDialogLeavesEverything() {
         const QPointer<Form1> collezioni = IstanzaForm1();
         const QStringList atteso = Attuale();
-        InterazioneScriptata script;
-        script.File(QString());
-        Restore();
-        VERIFICA_SCRIPT(script);
+        Rimetti(QString());
         QCOMPARE(IstanzaForm1(), collezioni.data());
         QCOMPARE(Attuale(), atteso);
         QVERIFY(CopieRecupero().isEmpty());
@@ -308,10 +310,7 @@ private Q_SLOTS:
     void restoringTheStoreOntoItselfKeepsIt() {
         Cambia();
         const QStringList atteso = Attuale();
-        InterazioneScriptata script;
-        script.File(Archivio());
-        Restore();
-        VERIFICA_SCRIPT(script);
+        Rimetti(Archivio());
         QCOMPARE(Attuale(), atteso);
         QCOMPARE(Elencate(), QStringList({"Dischi", "Monete"}));
     }
@@ -377,10 +376,7 @@ private Q_SLOTS:
         QCOMPARE(Descrivi(comandi.Richieste().at(3).messaggio),
                  QStringLiteral("Il database non è aperto | Orvix | 11"));
 
-        InterazioneScriptata rimesso;
-        rimesso.File(copia);
-        Restore();
-        VERIFICA_SCRIPT(rimesso);
+        Rimetti(copia);
         QCOMPARE(Attuale(), atteso);
         QCOMPARE(Elencate(), QStringList({"Dischi", "Monete"}));
         QCOMPARE(CopieRecupero().size(), 2);
@@ -410,10 +406,7 @@ private Q_SLOTS:
         QVERIFY(script.Richieste().at(3).messaggio.testo.contains("conservato nel file:\n" + buona + "\n"));
         QCOMPARE(IstantaneaDelFile(buona), atteso);
 
-        InterazioneScriptata rimesso;
-        rimesso.File(buona);
-        Restore();
-        VERIFICA_SCRIPT(rimesso);
+        Rimetti(buona);
         QCOMPARE(Attuale(), atteso);
         QCOMPARE(Elencate(), QStringList({"Dischi", "Libri"}));
     }
