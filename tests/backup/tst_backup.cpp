@@ -3,6 +3,7 @@
 #include "interazionescriptata.h"
 
 #include "aprirecord.h"
+#include "apriricerca.h"
 #include "archivio.h"
 #include "form1.h"
 #include "frmmain.h"
@@ -229,16 +230,18 @@ private Q_SLOTS:
         QCOMPARE(Attuale(), atteso);
     }
 
-    // Restored with the record window open: the question, then the backup's data exactly, in a new
-    // collections window; what the store held before (changes still in its log) is in the recovery copy.
+    // Restored with the record and search windows open: the question, then the backup's data exactly, in a
+    // new collections window; what the store held before (changes still in its log) is in the recovery copy.
     void roundTrip() {
         const QStringList salvato = Attuale();
         Backup(Altrove("copia.dat"));
         Cambia();
         QVERIFY(Log() > 0);
         const QStringList cambiato = Attuale();
-        ApriRecord(IstanzaForm1()->List1->item(0)->data(Qt::UserRole).toInt(), 1);
-        QVERIFY(IstanzaRecord());
+        const qint32 dischi = IstanzaForm1()->List1->item(0)->data(Qt::UserRole).toInt();
+        ApriRecord(dischi, 1);
+        ApriRicerca(dischi);
+        QCOMPARE(Figli(), QStringList({"Form1", "frmRecord", "frmFind"}));
         const QPointer<Form1> prima = IstanzaForm1();
         InterazioneScriptata script;
         script.Rispondi(Risposta::Si).File(Altrove("copia.dat"));
@@ -256,6 +259,7 @@ private Q_SLOTS:
         QCOMPARE(richiesta.filtri.size(), 2);
         QVERIFY(prima.isNull());
         QVERIFY(!IstanzaRecord());
+        QVERIFY(!FinestraRicerca());
         QCOMPARE(Figli(), QStringList{"Form1"});
         QVERIFY(IstanzaForm1()->isVisible() && m_frame->isVisible());
         QCOMPARE(IstanzaForm1()->IdCollezioneCorrente(), -1);
