@@ -6,6 +6,7 @@
 #include "archiviotemporaneo.h"
 #include "contenitoreanteprima.h"
 #include "form1.h"
+#include "frmabout.h"
 #include "frmanteprima.h"
 #include "frmfind.h"
 #include "frmmain.h"
@@ -70,8 +71,8 @@ void Riempi(qint32 collezione) {
         rs.Salva();
     }
     const char* const dischi[2][10] = {
-        {"Kind of Blue", "Miles Davis", "1", "0", "9", "1", "18,50", "", "Prima stampa italiana.", ""},
-        {"Abbey Road", "The Beatles", "0", "1", "8", "0", "22", "", "", ""},
+        {"Notte di luna", "Quartetto Aurora", "1", "0", "9", "1", "18,50", "", "Prima stampa italiana.", ""},
+        {"Strade bianche", "I Girasoli", "0", "1", "8", "0", "22", "", "", ""},
     };
     const QList<VoceElenco> campi = ElencoCampi(collezione);
     for (int r = 0; r < 2; ++r)
@@ -85,24 +86,39 @@ void Riempi(qint32 collezione) {
                     .arg(QLatin1String(r == 0 ? "2023-11-04" : "2024-02-18"), QLatin1String("2024-05-27")));
 }
 
+int Fallite = 0;
+
 void Salva(QWidget& finestra, const QDir& cartella, const char* nome) {
     QApplication::processEvents();
     const QString percorso = cartella.filePath(QLatin1String(nome));
-    std::printf("%s %s\n", finestra.grab().save(percorso) ? "wrote" : "FAILED", qPrintable(percorso));
+    const bool scritta = finestra.grab().save(percorso);
+    Fallite += scritta ? 0 : 1;
+    std::printf("%s %s\n", scritta ? "wrote" : "FAILED", qPrintable(percorso));
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc != 2 || qstrcmp(argv[1], "--help") == 0) {
+        std::fprintf(stderr, "usage: vetrina OUTPUT_FOLDER\n"
+                             "Grabs every window the help guide shows into OUTPUT_FOLDER as PNG files;\n"
+                             "the guide's own pictures are made with: vetrina guida/img\n"
+                             "Set QT_SCALE_FACTOR=2 for pictures at double density.\n");
+        return 2;
+    }
+    // Pictures need no screen: without a display the windows are drawn offscreen.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
+        qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication applicazione(argc, argv);
     QApplication::setWindowIcon(IconaProgramma());
     // The demonstration values are written the Italian way.
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: vetrina OUTPUT_FOLDER\n");
-        return 2;
-    }
     const QDir uscita(QString::fromLocal8Bit(argv[1]));
+    if (!uscita.exists()) {
+        std::fprintf(stderr, "vetrina: no folder %s\n", argv[1]);
+        return 1;
+    }
     const ArchivioTemporaneo archivio;
     Riempi(CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("I miei vinili")));
     CreaCollezione(QStringLiteral("Francobolli"), QString());
@@ -149,5 +165,9 @@ int main(int argc, char** argv) {
     for (const char* chiave : {"Text1(1)", "List1(1)", "Image1(1)"})
         disegno.SelezionaControllo(*disegno.Controllo(QLatin1String(chiave)));
     Salva(anteprima, uscita, "anteprima.png");
-    return 0;
+
+    frmAbout informazioni(&frame);
+    informazioni.show();
+    Salva(informazioni, uscita, "about.png");
+    return Fallite == 0 ? 0 : 1;
 }

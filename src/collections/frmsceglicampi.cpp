@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -20,6 +21,7 @@
 #include <QSlider>
 #include <QTextEdit>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -149,8 +151,12 @@ FrmScegliCampi::FrmScegliCampi(QWidget* parent)
 
     connect(cmdSCEGLI, &QPushButton::clicked, this, Protetto([this] { cmdSCEGLI_Click(); }));
     connect(cmdANNULLA, &QPushButton::clicked, this, Protetto([this] { reject(); }));
-    // The window is wide enough for its whole caption.
-    resize(640, sizeHint().height());
+    // The window is wide enough for its whole caption, in the title bar's bolder font, with room
+    // for the icon and the title bar's buttons.
+    QFont titolo = font();
+    titolo.setBold(true);
+    const int perTitolo = QFontMetrics(titolo).horizontalAdvance(windowTitle()) + 160;
+    resize(std::max({640, perTitolo, sizeHint().width()}), sizeHint().height());
 }
 
 QWidget* FrmScegliCampi::CreaOpzioni() {

@@ -44,7 +44,7 @@ void ApriDatabase(const QString& cartella) {
 }
 
 void ApriDatabase() {
-    ApriDatabase(QCoreApplication::applicationDirPath());
+    ApriDatabase(AppPath().isEmpty() ? QCoreApplication::applicationDirPath() : AppPath());
 }
 
 void ChiudiDatabase() {

@@ -16,6 +16,6 @@ QString ConSeparatoreFinale(const QString& cartella);
 
 // Sets AppPath from the given folder, opens the store there and builds ControlTypes.
 void ApriDatabase(const QString& cartella);
-// The same for the program's own folder.
+// Opens it again in the application folder (the program's own folder before any open).
 void ApriDatabase();
 void ChiudiDatabase();

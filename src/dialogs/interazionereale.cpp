@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
+#include <QScreen>
 #include <QUrl>
 #include <limits>
 
@@ -63,6 +64,24 @@ QMessageBox::ButtonRole Ruolo(Risposta risposta) {
     return QMessageBox::AcceptRole;
 }
 
+// A modal window opens over the middle of the window it belongs to, as message boxes do, and
+// wholly on the screen.
+void CentraSullaFinestra(QDialog& finestra) {
+    QWidget* sopra =
+        finestra.parentWidget() ? finestra.parentWidget()->window() : QApplication::activeWindow();
+    if (!finestra.testAttribute(Qt::WA_Resized))
+        finestra.adjustSize();
+    QScreen* schermo = sopra ? sopra->screen() : finestra.screen();
+    const QRect libera = schermo->availableGeometry();
+    const QRect riferimento = sopra ? sopra->frameGeometry() : libera;
+    QRect posto(QPoint(), finestra.size().boundedTo(libera.size()));
+    posto.moveCenter(riferimento.center());
+    posto.moveLeft(std::clamp(posto.left(), libera.left(), libera.right() - posto.width()));
+    posto.moveTop(std::clamp(posto.top(), libera.top(), libera.bottom() - posto.height()));
+    finestra.resize(posto.size());
+    finestra.move(posto.topLeft()); // a dialog is a top-level window: global coordinates
+}
+
 } // namespace
 
 Risposta InterazioneReale::MsgBox(const Messaggio& messaggio) {
@@ -98,6 +117,7 @@ QString InterazioneReale::InputBox(const QString& prompt, const QString& titolo,
 }
 
 int InterazioneReale::MostraModale(QDialog& finestra) {
+    CentraSullaFinestra(finestra);
     return finestra.exec();
 }
 

@@ -1,12 +1,14 @@
 #include "avvio.h"
 
 #include "archivio.h"
+#include "cartellaapplicazione.h"
 #include "form1.h"
 #include "frmmain.h"
 #include "iconaprogramma.h"
 #include "listecontrolli.h"
 #include "localeprogramma.h"
 #include "programma.h"
+#include "rigadicomando.h"
 
 #include <QApplication>
 #include <QDir>
@@ -59,7 +61,11 @@ bool CaricaCollezioni(frmMAIN& frame) {
 }
 
 int Avvio(int argc, char** argv) {
+    if (const auto uscita = RispostaSenzaFinestre(argc, argv))
+        return *uscita;
+    InizioSenzaSchermo();
     QApplication applicazione(argc, argv);
+    FineSenzaSchermo();
     QApplication::setApplicationName(Programma::Titolo());
     QApplication::setApplicationVersion(Programma::Versione());
     QApplication::setWindowIcon(IconaProgramma());
@@ -67,7 +73,7 @@ int Avvio(int argc, char** argv) {
     if (!PrimaIstanza())
         return 0;
     try {
-        EseguiAvvio(QCoreApplication::applicationDirPath());
+        EseguiAvvio(CartellaApplicazione(QCoreApplication::applicationDirPath()));
     } catch (const std::exception& errore) {
         // No window exists to say it in; a person who started the program from a terminal learns why.
         std::fprintf(stderr, "%s: %s\n", qPrintable(Programma::Titolo()), errore.what());

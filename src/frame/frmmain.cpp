@@ -3,25 +3,32 @@
 #include "apertorericerca.h"
 #include "apriricerca.h"
 #include "archivio.h"
+#include "cartellaapplicazione.h"
 #include "comandibackup.h"
 #include "confine.h"
 #include "finestreripristino.h"
 #include "form1.h"
 #include "frmabout.h"
 #include "iconaprogramma.h"
+#include "impostazioni.h"
 #include "interazione.h"
 #include "listecontrolli.h"
+#include "posizionefigli.h"
 #include "programma.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 
 namespace {
@@ -54,7 +61,7 @@ frmMAIN::frmMAIN(QWidget* parent)
     setStatusBar(Sbar1);
     CreaMenu();
     connect(m_area, &QMdiArea::subWindowActivated, this, [this] { AggiornaMenu(); });
-    resize(1024, 700);
+    DisponiFrame();
     setWindowTitle(
         TitoloFrame(Programma::VersioneMaggiore(), Programma::VersioneMinore(), Programma::Revisione()));
     ImpostaOspiteFinestre(this);
@@ -147,14 +154,26 @@ void frmMAIN::MostraFiglia(QWidget* finestra) {
         // Queued: while a child is destroyed its sub-window may be half destroyed, yet still current.
         connect(
             finestra, &QObject::destroyed, this, [this] { AggiornaMenu(); }, Qt::QueuedConnection);
-        // The child keeps the size it asked for; the frame's title bar and borders come on top.
+        // The child keeps the size it asked for, as far as the frame holds it; the title bar and
+        // borders come on top. It goes where it covers no other child, when there is room.
         const QMargins bordi = contenitore->contentsMargins();
-        contenitore->resize(voluta.grownBy(bordi));
+        layout()->activate(); // the frame may not be shown yet: its area must have its real size
+        const QRect area(QPoint(0, 0), m_area->contentsRect().size());
+        contenitore->resize(voluta.grownBy(bordi).boundedTo(area.size()));
+        contenitore->move(PosizioneLibera(area, AltriFigli(contenitore), contenitore->size()));
     }
     contenitore->show();
     finestra->show();
     m_area->setActiveSubWindow(contenitore);
     AggiornaMenu();
+}
+
+QList<QRect> frmMAIN::AltriFigli(const QMdiSubWindow* escluso) const {
+    QList<QRect> occupati;
+    for (QMdiSubWindow* figlio : m_area->subWindowList())
+        if (figlio != escluso && figlio->isVisible())
+            occupati << figlio->geometry();
+    return occupati;
 }
 
 void frmMAIN::MostraStato(const QString& testo) {
@@ -183,9 +202,13 @@ void frmMAIN::mnuApriGestioneCollezioni_Click() {
     MostraFiglia(&form);
 }
 
+QString PercorsoGuida() {
+    return CartellaFornita(QCoreApplication::applicationDirPath()) + QStringLiteral("/guidaorvix/index.html");
+}
+
 void frmMAIN::mnuHelp_Click() {
-    // A missing help file fails silently.
-    ApriConShell(AppPath() + QStringLiteral("guidaorvix.chm"));
+    // The guide is HTML, which every desktop opens; a missing guide fails silently.
+    ApriConShell(PercorsoGuida());
 }
 
 void frmMAIN::mnuAbout_Click() {
@@ -208,7 +231,19 @@ void frmMAIN::Affianca(bool verticale) {
     }
 }
 
+// The size and place the user left it at; the first time, as large as suits the screen's free area.
+void frmMAIN::DisponiFrame() {
+    const QString salvata = GetSetting(QStringLiteral("finestra"), QStringLiteral("geometria"));
+    if (!salvata.isEmpty() && restoreGeometry(QByteArray::fromBase64(salvata.toLatin1())))
+        return;
+    const QRect libera = screen()->availableGeometry();
+    const QSize voluta = QSize(1024, 700).boundedTo(libera.size() * 0.92);
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, voluta, libera));
+}
+
 void frmMAIN::closeEvent(QCloseEvent* evento) {
+    SaveSetting(QStringLiteral("finestra"), QStringLiteral("geometria"),
+                QString::fromLatin1(saveGeometry().toBase64()));
     m_area->closeAllSubWindows();
     ChiudiDatabase();
     evento->accept();

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 
 class QMdiArea;
+class QMdiSubWindow;
 class QMenu;
 class QStatusBar;
 
@@ -40,9 +41,14 @@ protected:
 private:
     void CreaMenu();
     void AggiornaMenu();
+    void DisponiFrame();
+    QList<QRect> AltriFigli(const QMdiSubWindow* escluso) const;
 
     QMdiArea* m_area;
 };
+
+// The help guide: guidaorvix/index.html among the shipped files.
+QString PercorsoGuida();
 
 // "title - versione M.m.r BETA"
 QString TitoloFrame(int maggiore, int minore, int revisione);

@@ -233,13 +233,24 @@ private Q_SLOTS:
         CreaCollezione(QStringLiteral("Dischi"), QString());
         InterazioneScriptata script;
         std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        frame->resize(1400, 1000);
+        QCoreApplication::processEvents();
         auto* altra = new QWidget;
         altra->setWindowTitle(QStringLiteral("Altra"));
         altra->resize(300, 200);
         frame->MostraFiglia(altra);
-        // A child gets the room it asked for inside the frame's decorations.
+        // A child gets the room it asked for inside the frame's decorations, where it covers no
+        // other child; one larger than the frame is cut down to the frame.
         QCOMPARE(altra->size(), QSize(300, 200));
         const auto figli = frame->AreaFigli()->subWindowList();
+        const QRect area(QPoint(), frame->AreaFigli()->viewport()->size());
+        QVERIFY(!figli.at(0)->geometry().intersects(figli.at(1)->geometry()));
+        QVERIFY(area.contains(figli.at(1)->geometry()));
+        auto* enorme = new QWidget;
+        enorme->resize(5000, 4000);
+        frame->MostraFiglia(enorme);
+        QVERIFY(area.contains(frame->AreaFigli()->subWindowList().at(2)->geometry()));
+        delete enorme;
         frame->Affianca(true);
         QCOMPARE(figli.at(0)->y(), figli.at(1)->y());
         QVERIFY(figli.at(0)->x() != figli.at(1)->x());
@@ -253,9 +264,13 @@ private Q_SLOTS:
         CreaCollezione(QStringLiteral("Dischi"), QString());
         InterazioneScriptata script;
         QPointer<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        frame->setGeometry(40, 50, 700, 500);
         frame->findChild<QAction*>(QStringLiteral("mnuEsci"))->trigger();
         QTRY_VERIFY(!frame);
         QVERIFY(!Database().Aperta());
+        // The next start finds the frame where the user left it.
+        std::unique_ptr<frmMAIN> dopo(EseguiAvvio(archivio.Cartella()));
+        QCOMPARE(dopo->geometry(), QRect(40, 50, 700, 500));
     }
 
     void helpAndAboutGoThroughTheShell() {
@@ -265,7 +280,8 @@ private Q_SLOTS:
         std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
         script.Shell(false);
         frame->mnuHelp_Click();
-        QCOMPARE(script.Richieste().last().predefinito, AppPath() + QStringLiteral("guidaorvix.chm"));
+        QCOMPARE(script.Richieste().last().predefinito,
+                 QCoreApplication::applicationDirPath() + QStringLiteral("/guidaorvix/index.html"));
 
         script.Modale([](QDialog& finestra) {
             auto& about = static_cast<frmAbout&>(finestra);
@@ -337,6 +353,85 @@ private Q_SLOTS:
         QCOMPARE(Contenuto(archivio), prima);
         QCOMPARE(QDir(cartella.path()).entryList(QDir::Files),
                  QStringList({"orvix", Programma::NomeArchivio()}));
+    }
+
+    // --help and --version answer with no display at all; with none, the program says so in one
+    // line and fails, whether no display is named or the one named cannot be reached.
+    void commandLineAndMissingDisplay_data() {
+        QTest::addColumn<QStringList>("argomenti");
+        QTest::addColumn<QString>("display");
+        QTest::addColumn<int>("uscita");
+        QTest::addColumn<QString>("atteso");
+        QTest::newRow("--version") << QStringList{"--version"} << QString() << 0 << "Orvix 0.1.0\n";
+        QTest::newRow("-h") << QStringList{"-h"} << QString() << 0 << "  -v, --version";
+        QTest::newRow("no display") << QStringList{} << QString() << 1 << "nessuno schermo disponibile";
+        QTest::newRow("unreachable display") << QStringList{} << ":97" << 1 << "nessuno schermo disponibile";
+    }
+    void commandLineAndMissingDisplay() {
+        QFETCH(QStringList, argomenti);
+        QFETCH(QString, display);
+        QFETCH(int, uscita);
+        QFETCH(QString, atteso);
+        QTemporaryDir cartella;
+        ArchivioTemporaneo::CopiaVuoto(cartella.path());
+        QProcessEnvironment ambiente = AmbienteProva(cartella.path());
+        for (const char* nome : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+            ambiente.remove(QLatin1String(nome));
+        if (!display.isEmpty())
+            ambiente.insert(QStringLiteral("DISPLAY"), display);
+        QProcess programma;
+        programma.setProcessEnvironment(ambiente);
+        programma.start(CopiaProgramma(cartella.path()), argomenti);
+        QVERIFY(programma.waitForFinished(20000));
+        QCOMPARE(programma.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(programma.exitCode(), uscita);
+        const QString detto = QString::fromLocal8Bit(uscita == 0 ? programma.readAllStandardOutput()
+                                                                 : programma.readAllStandardError());
+        QVERIFY2(detto.contains(atteso), qPrintable(detto));
+        if (uscita != 0)
+            QCOMPARE(detto.count(QLatin1Char('\n')), 1);
+    }
+
+    // Installed as <prefix>/bin/orvix, the program keeps its store in the user's data folder, seeded
+    // once from <prefix>/share/orvix; a store lost later fails the start instead of being replaced.
+    void anInstalledProgramSeedsTheUsersFolderOnce() {
+        QTemporaryDir prefisso, dati;
+        QDir().mkpath(prefisso.filePath("bin"));
+        QDir().mkpath(prefisso.filePath("share/orvix/modelli"));
+        ArchivioTemporaneo::CopiaVuoto(prefisso.filePath("share/orvix"));
+        QFile modello(prefisso.filePath("share/orvix/modelli/Libri.wzd"));
+        QVERIFY(modello.open(QIODevice::WriteOnly));
+        modello.write("[tabella]\r\nnome=Libri\r\n");
+        modello.close();
+        const QString eseguibile = CopiaProgramma(prefisso.filePath("bin"));
+        QProcessEnvironment ambiente = AmbienteProva(dati.path());
+        ambiente.insert(QStringLiteral("XDG_DATA_HOME"), dati.path());
+        const QString archivio = dati.filePath("orvix/personalizza.orx");
+
+        QProcess prima;
+        prima.setProcessEnvironment(ambiente);
+        prima.start(eseguibile, {});
+        // An empty store: the program waits at the first collection's prompt.
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(archivio), 20000);
+        prima.kill();
+        prima.waitForFinished();
+        ApriDatabase(dati.filePath("orvix"));
+        QCOMPARE(Database().ApriRecordset(QStringLiteral("select count(*) from collezioni")).Campo(0).toInt(),
+                 0);
+        ChiudiDatabase();
+        QCOMPARE(Contenuto(dati.filePath("orvix/modelli/Libri.wzd")),
+                 QByteArray("[tabella]\r\nnome=Libri\r\n"));
+        QVERIFY(!QFile::exists(prefisso.filePath("bin/personalizza.orx")));
+
+        QVERIFY(QFile::remove(archivio));
+        QProcess seconda;
+        seconda.setProcessEnvironment(ambiente);
+        seconda.start(eseguibile, {});
+        QVERIFY(seconda.waitForFinished(20000));
+        QCOMPARE(seconda.exitCode(), 1);
+        QVERIFY(!QFile::exists(archivio));
+        const QString errore = QString::fromLocal8Bit(seconda.readAllStandardError());
+        QVERIFY2(errore.contains(archivio), qPrintable(errore));
     }
 
     void aSecondInstanceEndsAtOnce() {

@@ -1,0 +1,93 @@
+#include "rigadicomando.h"
+
+#include "programma.h"
+
+#include <QByteArray>
+#include <QString>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+bool Argomento(int argc, char** argv, const char* lungo, const char* breve) {
+    for (int i = 1; i < argc; ++i)
+        if (qstrcmp(argv[i], lungo) == 0 || qstrcmp(argv[i], breve) == 0)
+            return true;
+    return false;
+}
+
+void Scrivi(std::FILE* destinazione, const QString& testo) {
+    std::fputs(testo.toLocal8Bit().constData(), destinazione);
+}
+
+QString Uso() {
+    return QStringLiteral("Uso: orvix [--help] [--version]\n"
+                          "Cataloga le tue collezioni: dischi, film, libri, monete, minerali...\n"
+                          "\n"
+                          "  -h, --help     mostra questo aiuto ed esce\n"
+                          "  -v, --version  mostra la versione ed esce\n"
+                          "\n"
+                          "Senza opzioni apre la finestra del programma.\n");
+}
+
+QString NessunoSchermo() {
+    return Programma::Titolo() +
+           QStringLiteral(": nessuno schermo disponibile; avviare il programma da una sessione grafica.\n");
+}
+
+bool SchermoIndicato(int argc, char** argv) {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           Argomento(argc, argv, "-platform", "--platform");
+#else
+    Q_UNUSED(argc);
+    Q_UNUSED(argv);
+    return true;
+#endif
+}
+
+// What Qt says while it looks for a display: kept back, since on failure only our line is wanted.
+QString& Trattenuti() {
+    static QString trattenuti;
+    return trattenuti;
+}
+
+void GestoreSenzaSchermo(QtMsgType tipo, const QMessageLogContext&, const QString& messaggio) {
+    if (tipo != QtFatalMsg) {
+        Trattenuti() += messaggio + QLatin1Char('\n');
+        return;
+    }
+    // The platform plugin could not start (a display named but unreachable): say so and leave
+    // with a plain failure, not an abort and a core dump.
+    Scrivi(stderr, NessunoSchermo());
+    std::_Exit(1);
+}
+
+} // namespace
+
+std::optional<int> RispostaSenzaFinestre(int argc, char** argv) {
+    if (Argomento(argc, argv, "--help", "-h")) {
+        Scrivi(stdout, Uso());
+        return 0;
+    }
+    if (Argomento(argc, argv, "--version", "-v")) {
+        Scrivi(stdout, Programma::Titolo() + QLatin1Char(' ') + Programma::Versione() + QLatin1Char('\n'));
+        return 0;
+    }
+    if (!SchermoIndicato(argc, argv)) {
+        Scrivi(stderr, NessunoSchermo());
+        return 1;
+    }
+    return std::nullopt;
+}
+
+void InizioSenzaSchermo() {
+    qInstallMessageHandler(GestoreSenzaSchermo);
+}
+
+void FineSenzaSchermo() {
+    qInstallMessageHandler(nullptr);
+    Scrivi(stderr, std::exchange(Trattenuti(), QString()));
+}
