@@ -4,12 +4,15 @@
 #include "apriricerca.h"
 #include "archivio.h"
 #include "archiviotemporaneo.h"
+#include "caricamodello.h"
 #include "contenitoreanteprima.h"
 #include "form1.h"
+#include "formatomodello.h"
 #include "frmabout.h"
 #include "frmanteprima.h"
 #include "frmfind.h"
 #include "frmmain.h"
+#include "frmmodelli.h"
 #include "frmproprietacontrollo.h"
 #include "frmrecord.h"
 #include "frmsceglicampi.h"
@@ -20,6 +23,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QLocale>
@@ -165,6 +169,27 @@ int main(int argc, char** argv) {
     for (const char* chiave : {"Text1(1)", "List1(1)", "Image1(1)"})
         disegno.SelezionaControllo(*disegno.Controllo(QLatin1String(chiave)));
     Salva(anteprima, uscita, "anteprima.png");
+
+    // The gallery on the shipped templates, one of them clicked, and the record window each one gives.
+    QDir().mkpath(CartellaModelli());
+    const QDir spediti(QStringLiteral(ORVIX_MODELLI_SPEDITI));
+    for (const QString& file : spediti.entryList({QStringLiteral("*.wzd")}, QDir::Files))
+        QFile::copy(spediti.filePath(file), CartellaModelli() + QDir::separator() + file);
+    frmModelli& galleria = CaricaFrmModelli(&frame);
+    galleria.show();
+    Salva(galleria, uscita, "galleria-suggerimento.png");
+    galleria.Lv1->setCurrentRow(2);
+    Salva(galleria, uscita, "galleria.png");
+    galleria.hide();
+    for (int i = 0; i < galleria.Lv1->count(); ++i) {
+        const std::optional<VoceElenco> creata =
+            CaricaModello(galleria.Lv1->item(i)->data(Qt::UserRole).toString());
+        ApriRecord(creata->id, 1);
+        FinestraRecord().Toolbar1_ButtonClick(QStringLiteral("new"));
+        Salva(FinestraRecord(), uscita,
+              qPrintable(QStringLiteral("modello-") + creata->nome.toLower() + QStringLiteral(".png")));
+        FinestraRecord().Toolbar1_ButtonClick(QStringLiteral("no"));
+    }
 
     frmAbout informazioni(&frame);
     informazioni.show();

@@ -6,6 +6,7 @@
 #include "archivio.h"
 #include "comandibackup.h"
 #include "comandicampi.h"
+#include "comandimodelli.h"
 #include "confine.h"
 #include "grigliaproprieta.h"
 #include "interazione.h"
@@ -90,10 +91,17 @@ void Form1::CreaMenu() {
     mnuCollezioni = new QMenu(QStringLiteral("Collezione"), this);
     mnuCollezioni->setObjectName(QStringLiteral("mnuCollezioni"));
     mnuNewCollection = Voce(mnuCollezioni, "mnuNewCollection", QStringLiteral("Nuova"));
+    mnuNuovaColleazioneDaModello =
+        Voce(mnuCollezioni, "mnuNuovaColleazioneDaModello", QStringLiteral("Nuova da Modello..."));
     mnuRinominaCollezione = Voce(mnuCollezioni, "mnuRinominaCollezione", QStringLiteral("Rinomina"));
     mnuDelCollection = Voce(mnuCollezioni, "mnuDelCollection", QStringLiteral("Elimina"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnuSep2"));
     mnuInserisciRecord = Voce(mnuCollezioni, "mnuInserisciRecord", QStringLiteral("Inserisci Record"));
+    mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnuSep1"));
+    mnuEsporta1 = mnuCollezioni->addMenu(QStringLiteral("Esporta"));
+    mnuEsporta1->setObjectName(QStringLiteral("mnuEsporta1"));
+    mnuEsporta1->menuAction()->setObjectName(QStringLiteral("mnuEsporta1"));
+    mnuEsportaModello = Voce(mnuEsporta1, "mnuEsportaModello", QStringLiteral("Esporta &Modello"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusepBack"));
@@ -113,6 +121,10 @@ void Form1::CreaMenu() {
 
 void Form1::CollegaEventi() {
     connect(mnuNewCollection, &QAction::triggered, this, Protetto([this] { mnuNewCollection_Click(); }));
+    connect(mnuNuovaColleazioneDaModello, &QAction::triggered, this,
+            Protetto([this] { NuovaCollezioneDaModello(this, *List1); }));
+    connect(mnuEsportaModello, &QAction::triggered, this,
+            Protetto([this] { EsportaModello(this, m_idCollezione); }));
     connect(mnuRinominaCollezione, &QAction::triggered, this,
             Protetto([this] { mnuRinominaCollezione_Click(); }));
     connect(mnuDelCollection, &QAction::triggered, this, Protetto([this] { mnuDelCollection_Click(); }));

@@ -35,9 +35,12 @@ public:
 
     QMenu* mnuCollezioni;
     QAction* mnuNewCollection;
+    QAction* mnuNuovaColleazioneDaModello;
     QAction* mnuRinominaCollezione;
     QAction* mnuDelCollection;
     QAction* mnuInserisciRecord;
+    QMenu* mnuEsporta1;
+    QAction* mnuEsportaModello;
     QAction* mnuEseguiRicerca;
     QAction* mnuBackup;
     QAction* mnuRestore;

@@ -204,8 +204,8 @@ private Q_SLOTS:
         std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
         QCOMPARE(TitoliMenu(frame->menuBar()), QStringList({"Collezione", "Campi"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCollezioni),
-                 QStringList({"Nuova", "Rinomina", "Elimina", "-", "Inserisci Record", "-", "Esegui Ricerca",
-                              "-", "Backup", "Restore"}));
+                 QStringList({"Nuova", "Nuova da Modello...", "Rinomina", "Elimina", "-", "Inserisci Record",
+                              "-", "Esporta", "-", "Esegui Ricerca", "-", "Backup", "Restore"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi),
                  QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà",
                               "Visualizza in Anteprima"}));

@@ -1,0 +1,34 @@
+#include "comandimodelli.h"
+
+#include "archivio.h"
+#include "caricamodello.h"
+#include "dialogofile.h"
+#include "frmmodelli.h"
+#include "interazione.h"
+#include "salvamodello.h"
+
+#include <QListWidget>
+
+void EsportaModello(QWidget* proprietario, qint32 idCollezione) {
+    // The dialog's own overwrite question is the only confirmation.
+    const QString file =
+        DialogoFile(proprietario, 0, QStringLiteral("Esporta Modello..."), QString(),
+                    QStringLiteral("File di Modello") + QChar(u'\0') + QStringLiteral("*.wzd"), AppPath(),
+                    QStringLiteral("wzd"));
+    if (file.isEmpty())
+        return;
+    const QString esito = SalvaModello(idCollezione, file);
+    if (!esito.isEmpty())
+        MsgBox(esito);
+}
+
+void NuovaCollezioneDaModello(QWidget* proprietario, QListWidget& collezioni) {
+    frmModelli& galleria = CaricaFrmModelli(proprietario);
+    MostraModale(galleria);
+    if (galleria.FileModelloDaImportare.isEmpty())
+        return;
+    if (const std::optional<VoceElenco> nuova = CaricaModello(galleria.FileModelloDaImportare)) {
+        auto* voce = new QListWidgetItem(nuova->nome, &collezioni);
+        voce->setData(Qt::UserRole, nuova->id);
+    }
+}

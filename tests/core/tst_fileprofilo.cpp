@@ -1,0 +1,249 @@
+#include "cp1252.h"
+#include "fileprofilo.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+// Profile files as the template commands use them, on real files in a temporary folder, and the
+// Windows-1252 code page they are written in.
+class TestFileProfilo final : public QObject {
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_cartella;
+    QString m_file;
+
+    void Scrivi(const QByteArray& byte) {
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(byte);
+    }
+    QByteArray Letto() {
+        QFile file(m_file);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_file = m_cartella.filePath(u"prova.wzd"_s);
+        QFile::remove(m_file);
+    }
+
+    void cp1252_ogni_byte_torna_se_stesso() {
+        QByteArray tutti;
+        for (int b = 0; b < 256; ++b)
+            tutti.append(static_cast<char>(b));
+        const QString testo = DaCp1252(tutti);
+        QCOMPARE(testo.size(), 256);
+        QVERIFY(Cp1252Contiene(testo));
+        QCOMPARE(InCp1252(testo), tutti);
+        QCOMPARE(testo.mid(0x80, 2), u"€\u0081"_s);
+        QCOMPARE(testo.mid(0x9E, 3), u"žŸ\u00A0"_s);
+        QCOMPARE(testo.at(0xE0), u'à');
+    }
+
+    void cp1252_caratteri_senza_byte_data() {
+        QTest::addColumn<QString>("testo");
+        QTest::addColumn<bool>("contenuto");
+        QTest::addColumn<QByteArray>("byte");
+        QTest::newRow("italiano ed euro") << u"Città 5 €"_s << true << QByteArray("Citt\xE0 5 \x80");
+        QTest::newRow("virgolette tipografiche") << u"“sì”"_s << true << QByteArray("\x93s\xEC\x94");
+        QTest::newRow("polacco") << u"Łódź"_s << false
+                                 << QByteArray("?\xF3"
+                                               "d?");
+        QTest::newRow("controllo 0x80") << u"a\u0080b"_s << false << QByteArray("a?b");
+        QTest::newRow("fuori dal piano base") << u"a😀b"_s << false << QByteArray("a?b");
+    }
+    void cp1252_caratteri_senza_byte() {
+        QFETCH(QString, testo);
+        QFETCH(bool, contenuto);
+        QFETCH(QByteArray, byte);
+        QCOMPARE(Cp1252Contiene(testo), contenuto);
+        QCOMPARE(InCp1252(testo), byte);
+    }
+
+    void lettura_utf8_o_cp1252_data() {
+        QTest::addColumn<QByteArray>("byte");
+        QTest::addColumn<bool>("utf8");
+        QTest::addColumn<QString>("testo");
+        QTest::newRow("utf8") << QByteArray("Gi\xC3\xA0") << true << u"Già"_s;
+        QTest::newRow("cp1252") << QByteArray("Gi\xE0") << false << u"Già"_s;
+        QTest::newRow("ascii") << QByteArray("Gia") << false << u"Gia"_s;
+        QTest::newRow("forma troppo lunga") << QByteArray("\xC0\xAF") << false << u"À¯"_s;
+        QTest::newRow("sequenza tronca") << QByteArray("Gi\xC3") << false << u"GiÃ"_s;
+        QTest::newRow("surrogato codificato") << QByteArray("\xED\xA0\x80") << false << u"í\u00A0€"_s;
+        QTest::newRow("byte order mark tenuto") << QByteArray("\xEF\xBB\xBFx") << true << u"\uFEFFx"_s;
+    }
+    void lettura_utf8_o_cp1252() {
+        QFETCH(QByteArray, byte);
+        QFETCH(bool, utf8);
+        QFETCH(QString, testo);
+        QCOMPARE(LettoComeUtf8(byte), utf8);
+        QCOMPARE(DaCp1252OUtf8(byte), testo);
+    }
+
+    // The same file with each kind of line end.
+    void lettura_data() {
+        QTest::addColumn<QString>("fine");
+        QTest::addColumn<QString>("sezione");
+        QTest::addColumn<QString>("chiave");
+        QTest::addColumn<QString>("valore");
+        const QList<QPair<const char*, QString>> fini{{"CR LF", u"\r\n"_s}, {"LF", u"\n"_s}, {"CR", u"\r"_s}};
+        for (const auto& [nome, fine] : fini) {
+            const auto riga = [&](const char* caso, const char* sezione, const char* chiave,
+                                  const QString& valore) {
+                QTest::addRow("%s, %s", nome, caso)
+                    << fine << QString::fromUtf8(sezione) << QString::fromUtf8(chiave) << valore;
+            };
+            riga("names in any case, blanks trimmed", "TABELLA", "NOME", u"Libri"_s);
+            riga("tabs trimmed, inner blanks kept", "tabella", "valore tab", u"con  tab"_s);
+            riga("empty value", "tabella", "descrizione", QString());
+            riga("key before any section", "tabella", "chiave", QString());
+            riga("commented line", "tabella", "; commento", QString());
+            riga("first of two keys", "campi", "n", u"2"_s);
+            riga("first of two sections", "tabella", "altro", QString());
+            riga("after the first equals sign", "altra", "x", u"y = z"_s);
+            riga("missing key", "tabella", "mancante", QString());
+            riga("missing section", "assente", "nome", QString());
+        }
+    }
+    void lettura() {
+        QFETCH(QString, fine);
+        QFETCH(QString, sezione);
+        QFETCH(QString, chiave);
+        QFETCH(QString, valore);
+        const QStringList righe{u"chiave=fuori da ogni sezione"_s,
+                                u"[Tabella]"_s,
+                                u"; commento=non una chiave"_s,
+                                u"Nome =  Libri  "_s,
+                                u"descrizione="_s,
+                                u"\tvalore tab\t=\tcon  tab\t"_s,
+                                u""_s,
+                                u"[campi]"_s,
+                                u"n=2"_s,
+                                u"n=3"_s,
+                                u"[TABELLA]"_s,
+                                u"altro=nella seconda"_s,
+                                u" [altra] ; nota"_s,
+                                u"x = y = z"_s};
+        Scrivi(InCp1252(righe.join(fine)));
+        QCOMPARE(LeggiIni(sezione, chiave, m_file), valore);
+    }
+
+    void lettura_senza_file_e_con_byte_order_mark() {
+        QCOMPARE(LeggiIni(u"tabella"_s, u"nome"_s, m_cartella.filePath(u"nessuno.wzd"_s)), QString());
+        QCOMPARE(LeggiIni(u"tabella"_s, u"nome"_s, m_cartella.path()), QString());
+        Scrivi("\xEF\xBB\xBF[tabella]\r\nnome=Gi\xC3\xA0\r\n");
+        QCOMPARE(LeggiIni(u"tabella"_s, u"nome"_s, m_file), u"Già"_s);
+        QVERIFY(ScriviIni(u"tabella"_s, u"nome"_s, u"Più"_s, m_file));
+        QCOMPARE(Letto(), QByteArray("\xEF\xBB\xBF[tabella]\r\nnome=Pi\xC3\xB9\r\n"));
+    }
+
+    void lettura_al_massimo_254_caratteri_data() {
+        QTest::addColumn<QString>("valore");
+        QTest::addColumn<QString>("letto");
+        const QString lungo = QString(200, u'a') + QString(100, u'b');
+        QTest::newRow("300") << lungo << lungo.left(254);
+        QTest::newRow("254") << lungo.left(254) << lungo.left(254);
+        QTest::newRow("blanks trimmed before the cut")
+            << u"   "_s + lungo.left(254) + u"  "_s << lungo.left(254);
+        QTest::newRow("no half character") << QString(253, u'a') + u"😀"_s << QString(253, u'a');
+    }
+    void lettura_al_massimo_254_caratteri() {
+        QFETCH(QString, valore);
+        QFETCH(QString, letto);
+        QVERIFY(ScriviIni(u"campi"_s, u"tooltip1"_s, valore, m_file));
+        QVERIFY(Letto().contains(valore.toUtf8().trimmed()) || Letto().contains(InCp1252(valore)));
+        QCOMPARE(LeggiIni(u"campi"_s, u"tooltip1"_s, m_file), letto);
+    }
+
+    // Only the value of the key changes: every other byte, line end and comment stays.
+    void scrittura_in_posto() {
+        const QByteArray prima = "; modello di prova\r\n"
+                                 "\r\n"
+                                 "[sconosciuta]\n"
+                                 "nome=da non toccare\r\n"
+                                 "[Tabella]\r\n"
+                                 "  Nome = Libri   \n"
+                                 "descrizione=Mia\r\n"
+                                 "\r\n"
+                                 "[campi]\r\n"
+                                 "n=2";
+        Scrivi(prima);
+        QVERIFY(ScriviIni(u"tabella"_s, u"NOME"_s, u"Dischi"_s, m_file));
+        QByteArray atteso = prima;
+        atteso.replace("  Nome = Libri   \n", "  Nome =Dischi\n");
+        QCOMPARE(Letto(), atteso);
+        QVERIFY(ScriviIni(u"campi"_s, u"n"_s, u"5"_s, m_file));
+        atteso.replace("n=2", "n=5");
+        QCOMPARE(Letto(), atteso);
+    }
+
+    void nuova_chiave_in_fondo_alla_sezione() {
+        Scrivi("[tabella]\r\nnome=Libri\r\n; nota\r\n\r\n\r\n[campi]\r\nnome1=Titolo");
+        QVERIFY(ScriviIni(u"Tabella"_s, u"descrizione"_s, u"Mia"_s, m_file));
+        QVERIFY(ScriviIni(u"campi"_s, u"tipo1"_s, u"textbox"_s, m_file));
+        QVERIFY(ScriviIni(u"vuota"_s, u"a"_s, u"1"_s, m_file));
+        QVERIFY(ScriviIni(u"vuota"_s, u"b"_s, u"2"_s, m_file));
+        QCOMPARE(Letto(),
+                 QByteArray("[tabella]\r\nnome=Libri\r\n; nota\r\ndescrizione=Mia\r\n\r\n\r\n"
+                            "[campi]\r\nnome1=Titolo\r\ntipo1=textbox\r\n[vuota]\r\na=1\r\nb=2\r\n"));
+    }
+
+    void file_nuovo() {
+        QVERIFY(ScriviIni(u"tabella"_s, u"nome"_s, u"Città €"_s, m_file));
+        QVERIFY(ScriviIni(u"campi"_s, u"n"_s, u"0"_s, m_file));
+        QCOMPARE(Letto(), QByteArray("[tabella]\r\nnome=Citt\xE0 \x80\r\n[campi]\r\nn=0\r\n"));
+        QVERIFY(!ScriviIni(u"tabella"_s, u"nome"_s, u"x"_s, m_cartella.filePath(u"manca/prova.wzd"_s)));
+        QVERIFY(!QFile::exists(m_cartella.filePath(u"manca"_s)));
+    }
+
+    // Nothing is escaped: the break ends the value on reading, and what follows it is a line of its own,
+    // in memory as on the disk.
+    void valore_con_a_capo() {
+        FileProfilo profilo(m_file);
+        profilo.Scrivi(u"campi"_s, u"default1"_s, u"uno\r\ndue=2"_s);
+        profilo.Scrivi(u"campi"_s, u"tipo1"_s, u"memo"_s);
+        QCOMPARE(profilo.Leggi(u"campi"_s, u"default1"_s), u"uno"_s);
+        QCOMPARE(profilo.Leggi(u"campi"_s, u"due"_s), u"2"_s);
+        QVERIFY(profilo.Salva());
+        QCOMPARE(Letto(), QByteArray("[campi]\r\ndefault1=uno\r\ndue=2\r\ntipo1=memo\r\n"));
+        QCOMPARE(LeggiIni(u"campi"_s, u"default1"_s, m_file), u"uno"_s);
+        QVERIFY(ScriviIni(u"campi"_s, u"default1"_s, u"tre"_s, m_file));
+        QCOMPARE(Letto(), QByteArray("[campi]\r\ndefault1=tre\r\ndue=2\r\ntipo1=memo\r\n"));
+    }
+
+    // Windows-1252 while it holds the text; else the whole file in UTF-8, which reads back the same.
+    void codifica_del_file_data() {
+        QTest::addColumn<QByteArray>("prima");
+        QTest::addColumn<QString>("valore");
+        QTest::addColumn<QByteArray>("dopo");
+        QTest::newRow("cp1252 stays cp1252") << QByteArray("[t]\r\na=Gi\xE0\r\n") << u"€ più"_s
+                                             << QByteArray("[t]\r\na=Gi\xE0\r\nb=\x80 pi\xF9\r\n");
+        QTest::newRow("utf8 stays utf8") << QByteArray("[t]\r\na=Gi\xC3\xA0\r\n") << u"più"_s
+                                         << QByteArray("[t]\r\na=Gi\xC3\xA0\r\nb=pi\xC3\xB9\r\n");
+        QTest::newRow("a character cp1252 lacks turns the file to utf8")
+            << QByteArray("[t]\r\na=Gi\xE0\r\n") << u"Łódź"_s
+            << QByteArray("[t]\r\na=Gi\xC3\xA0\r\nb=\xC5\x81\xC3\xB3"
+                          "d\xC5\xBA\r\n");
+        QTest::newRow("cp1252 bytes that would read as utf8")
+            << QByteArray("[t]\r\na=x\r\n") << u"Ã©"_s << QByteArray("[t]\r\na=x\r\nb=\xC3\x83\xC2\xA9\r\n");
+    }
+    void codifica_del_file() {
+        QFETCH(QByteArray, prima);
+        QFETCH(QString, valore);
+        QFETCH(QByteArray, dopo);
+        Scrivi(prima);
+        const QString a = LeggiIni(u"t"_s, u"a"_s, m_file);
+        QVERIFY(ScriviIni(u"t"_s, u"b"_s, valore, m_file));
+        QCOMPARE(Letto(), dopo);
+        QCOMPARE(LeggiIni(u"t"_s, u"a"_s, m_file), a);
+        QCOMPARE(LeggiIni(u"t"_s, u"b"_s, m_file), valore);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFileProfilo)
+#include "tst_fileprofilo.moc"
