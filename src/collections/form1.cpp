@@ -4,6 +4,7 @@
 #include "aprirecord.h"
 #include "apriricerca.h"
 #include "archivio.h"
+#include "comandibackup.h"
 #include "comandicampi.h"
 #include "comandimodelli.h"
 #include "confine.h"
@@ -105,6 +106,9 @@ void Form1::CreaMenu() {
     mnuEsportaModello = Voce(mnuEsporta1, "mnuEsportaModello", QStringLiteral("Esporta &Modello"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
+    mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusepBack"));
+    mnuBackup = Voce(mnuCollezioni, "mnuBackup", QStringLiteral("Backup"));
+    mnuRestore = Voce(mnuCollezioni, "mnuRestore", QStringLiteral("Restore"));
 
     mnuCampi = new QMenu(QStringLiteral("Campi"), this);
     mnuCampi->setObjectName(QStringLiteral("mnuCampi"));
@@ -130,6 +134,8 @@ void Form1::CollegaEventi() {
     connect(mnuEsporta, &QAction::triggered, this,
             Protetto([this] { EsportaCollezione(this, m_idCollezione); }));
     connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
+    connect(mnuBackup, &QAction::triggered, this, Protetto([this] { Backup(this); }));
+    connect(mnuRestore, &QAction::triggered, this, Protetto([this] { Restore(this); }));
     connect(mnuNewCampo, &QAction::triggered, this, Protetto([this] { CreaNuovoCampo(*this); }));
     connect(mnuElliminaCampo, &QAction::triggered, this, Protetto([this] { EliminaCampo(*this); }));
     connect(mnuPermettiModifichePropCampi, &QAction::toggled, this,

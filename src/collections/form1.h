@@ -43,6 +43,8 @@ public:
     QAction* mnuEsporta;
     QAction* mnuEsportaModello;
     QAction* mnuEseguiRicerca;
+    QAction* mnuBackup;
+    QAction* mnuRestore;
 
     QMenu* mnuCampi;
     QAction* mnuNewCampo;

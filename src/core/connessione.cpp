@@ -113,6 +113,25 @@ void Connessione::Chiudi() {
     m_db = nullptr;
 }
 
+QString Connessione::Percorso() const {
+    if (!m_db)
+        Fallisci();
+    return QString::fromUtf8(sqlite3_db_filename(m_db, "main"));
+}
+
+void Connessione::CompletaFile() {
+    if (!m_db)
+        Fallisci();
+    int registro = -1;
+    int copiati = -1;
+    const int esito =
+        sqlite3_wal_checkpoint_v2(m_db, "main", SQLITE_CHECKPOINT_TRUNCATE, &registro, &copiati);
+    // Busy means only that the log could not be emptied; the file is whole when every frame is in it.
+    if (esito == SQLITE_OK || (esito == SQLITE_BUSY && registro >= 0 && registro == copiati))
+        return;
+    Fallisci();
+}
+
 void Connessione::Finalizza(sqlite3_stmt* stmt) {
     m_colonne.remove(stmt);
     m_testi.remove(stmt);

@@ -29,6 +29,11 @@ public:
     void Apri(const QString& percorso, const QString& password);
     void Chiudi();
     bool Aperta() const { return m_db != nullptr; }
+    // The store's file as the engine names it.
+    QString Percorso() const;
+    // Moves every committed change out of the write-ahead log into the store's file and empties
+    // the log, so that the file alone is the whole database; fails when a change stays behind.
+    void CompletaFile();
 
     // Runs exactly one statement of SQL text; text after the first statement is refused.
     void Esegui(const QString& sql);

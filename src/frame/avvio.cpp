@@ -47,12 +47,17 @@ frmMAIN* EseguiAvvio(const QString& cartellaProgramma) {
     ApriDatabase(cartellaProgramma);
     auto* frame = new frmMAIN;
     frame->setAttribute(Qt::WA_DeleteOnClose);
-    Form1& collezioni = CaricaForm1();
-    CaricaCollezioniInLista(*collezioni.List1);
-    if (collezioni.List1->count() == 0)
-        PrimaCollezione(collezioni);
+    if (CaricaCollezioni(*frame))
+        PrimaCollezione(*IstanzaForm1());
     frame->show();
     return frame;
+}
+
+bool CaricaCollezioni(frmMAIN& frame) {
+    Form1& collezioni = CaricaForm1();
+    frame.MostraFiglia(&collezioni);
+    CaricaCollezioniInLista(*collezioni.List1);
+    return collezioni.List1->count() == 0;
 }
 
 int Avvio(int argc, char** argv) {

@@ -11,5 +11,8 @@ int Avvio(int argc, char** argv);
 // Everything after the single-instance check; throws when the store cannot be opened.
 frmMAIN* EseguiAvvio(const QString& cartellaProgramma);
 
+// Loads the collections window into the frame and fills its list; true when there is no collection.
+bool CaricaCollezioni(frmMAIN& frame);
+
 // Holds the single-instance lock in the user's runtime folder; false when another instance holds it.
 bool PrimaIstanza();

@@ -4,7 +4,9 @@
 #include "apriricerca.h"
 #include "archivio.h"
 #include "cartellaapplicazione.h"
+#include "comandibackup.h"
 #include "confine.h"
+#include "finestreripristino.h"
 #include "form1.h"
 #include "frmabout.h"
 #include "iconaprogramma.h"
@@ -15,15 +17,30 @@
 #include "programma.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPointer>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTimer>
+
+namespace {
+
+// The program names its windows frm... and Form...; menus, tips and the like are no windows of it.
+bool FinestraDelProgramma(const QWidget& finestra) {
+    const QString nome = finestra.objectName().toLower();
+    return nome != QLatin1String("frmmain") &&
+           (nome.startsWith(QLatin1String("frm")) || nome.startsWith(QLatin1String("form")));
+}
+
+} // namespace
 
 QString TitoloFrame(int maggiore, int minore, int revisione) {
     return Programma::Titolo() + QStringLiteral(" - versione ") + QString::number(maggiore) +
@@ -50,11 +67,16 @@ frmMAIN::frmMAIN(QWidget* parent)
     ImpostaOspiteFinestre(this);
     // The record window's "Trova..." reaches the search window through this hook.
     ImpostaApertoreRicerca(ApriRicerca);
+    ImpostaRipristinatore([this](const QString& backup) {
+        // Queued: the restore unloads the window whose menu asked for it.
+        QTimer::singleShot(0, this, [this, backup] { EseguiProtetto([&] { Ripristina(*this, backup); }); });
+    });
     MostraFiglia(&CaricaForm1());
 }
 
 frmMAIN::~frmMAIN() {
     ImpostaOspiteFinestre(nullptr);
+    ImpostaRipristinatore({});
     // The children go first, while the frame is whole and no longer follows their activation.
     m_area->disconnect(this);
     for (QMdiSubWindow* figlio : m_area->subWindowList())
@@ -156,6 +178,22 @@ QList<QRect> frmMAIN::AltriFigli(const QMdiSubWindow* escluso) const {
 
 void frmMAIN::MostraStato(const QString& testo) {
     Sbar1->showMessage(testo);
+}
+
+void frmMAIN::ScaricaFinestre() {
+    {
+        // Deleted at once: a window reloaded right after must be a new one.
+        const QSignalBlocker blocco(m_area);
+        for (QMdiSubWindow* figlio : m_area->subWindowList())
+            delete figlio;
+    }
+    QList<QPointer<QWidget>> altre;
+    for (QWidget* finestra : QApplication::topLevelWidgets())
+        if (finestra != this && FinestraDelProgramma(*finestra))
+            altre << finestra;
+    for (const QPointer<QWidget>& finestra : std::as_const(altre))
+        delete finestra.data();
+    AggiornaMenu();
 }
 
 void frmMAIN::mnuApriGestioneCollezioni_Click() {

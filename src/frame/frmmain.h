@@ -21,6 +21,9 @@ public:
     void MostraStato(const QString& testo) override;
     QMdiArea* AreaFigli() const { return m_area; }
 
+    // Unloads every window of the program but the frame itself.
+    void ScaricaFinestre();
+
     void mnuApriGestioneCollezioni_Click();
     void mnuHelp_Click();
     void mnuAbout_Click();

@@ -369,11 +369,24 @@ void frmRecord::resizeEvent(QResizeEvent* evento) {
     Toolbar1->resize(width(), Toolbar1->height());
 }
 
-frmRecord& FinestraRecord() {
+namespace {
+
+QPointer<frmRecord>& Finestra() {
     static QPointer<frmRecord> finestra;
+    return finestra;
+}
+
+} // namespace
+
+frmRecord& FinestraRecord() {
+    QPointer<frmRecord>& finestra = Finestra();
     if (!finestra) {
         finestra = new frmRecord;
         finestra->Carica();
     }
     return *finestra;
+}
+
+frmRecord* IstanzaRecord() {
+    return Finestra().data();
 }

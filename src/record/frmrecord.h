@@ -95,3 +95,5 @@ private:
 
 // The one record window, created when first needed; closing it destroys it.
 frmRecord& FinestraRecord();
+// The record window while it is loaded, or nullptr.
+frmRecord* IstanzaRecord();

@@ -1,0 +1,84 @@
+#include "ripristino.h"
+
+#include "copiafile.h"
+#include "erroredatabase.h"
+#include "filearchivio.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+QString& CopiaInUso() {
+    static QString copia;
+    return copia;
+}
+
+// A log or journal with content holds changes that the store's file alone lacks: something still
+// has the store open. Deleting the file now could lose them.
+void VerificaChiuso(const QString& archivio) {
+    for (const QString& accessorio :
+         QStringList{archivio + QStringLiteral("-wal"), archivio + QStringLiteral("-journal")})
+        if (QFileInfo(accessorio).size() > 0)
+            throw ErroreDatabase(
+                QStringLiteral("il file ") + accessorio +
+                QStringLiteral(
+                    " contiene modifiche non ancora scritte nell'archivio: forse un altro programma "
+                    "lo sta usando. Chiudere ogni altro programma che usa l'archivio e riprovare."));
+}
+
+void ConservaArchivio(const QString& archivio, bool inUso) {
+    if (!QFile::exists(archivio))
+        return;
+    const QString copia = NomeCopiaRecupero(archivio, QDateTime::currentDateTime());
+    CopiaFile(archivio, copia);
+    if (inUso)
+        CopiaInUso() = copia;
+}
+
+void Rimuovi(const QString& percorso) {
+    if (QFile::exists(percorso) && !QFile::remove(percorso))
+        throw ErroreDatabase(QStringLiteral("impossibile eliminare il file ") + percorso);
+}
+
+// Everything up to the store's deletion; the backup is read first, so an unreadable one, or a
+// full disk, stops the restore here.
+void PreparaSostituzione(const QString& archivio, const QString& backup, bool inUso,
+                         const QString& provvisorio) {
+    VerificaChiuso(archivio);
+    ConservaArchivio(archivio, inUso);
+    CopiaFile(backup, provvisorio);
+    // A log or index left by the old store must never be read as the restored one's.
+    for (const QString& accessorio : FileAccessori(archivio))
+        Rimuovi(accessorio);
+    Rimuovi(archivio);
+}
+
+} // namespace
+
+QString NomeCopiaRecupero(const QString& archivio, const QDateTime& quando) {
+    const QString base = archivio + QStringLiteral(".prima-del-ripristino-") +
+                         quando.toString(QStringLiteral("yyyyMMdd-HHmm"));
+    QString nome = base;
+    for (int n = 2; QFileInfo::exists(nome); ++n)
+        nome = base + QLatin1Char('-') + QString::number(n);
+    return nome;
+}
+
+QString SostituisciArchivio(const QString& archivio, const QString& backup, bool inUso) {
+    const QString provvisorio = archivio + QStringLiteral(".ripristino-in-corso");
+    try {
+        PreparaSostituzione(archivio, backup, inUso, provvisorio);
+    } catch (const ErroreDatabase& errore) {
+        QFile::remove(provvisorio);
+        return errore.messaggio();
+    }
+    if (!QFile::rename(provvisorio, archivio))
+        throw ErroreDatabase(QStringLiteral("impossibile mettere il backup al posto dell'archivio: ") +
+                             archivio);
+    return {};
+}
+
+QString UltimaCopiaInUso() {
+    return CopiaInUso();
+}
