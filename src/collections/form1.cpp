@@ -5,6 +5,7 @@
 #include "apriricerca.h"
 #include "archivio.h"
 #include "comandicampi.h"
+#include "comandostampa.h"
 #include "confine.h"
 #include "grigliaproprieta.h"
 #include "interazione.h"
@@ -93,6 +94,7 @@ void Form1::CreaMenu() {
     mnuDelCollection = Voce(mnuCollezioni, "mnuDelCollection", QStringLiteral("Elimina"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnuSep2"));
     mnuInserisciRecord = Voce(mnuCollezioni, "mnuInserisciRecord", QStringLiteral("Inserisci Record"));
+    mnuStampa = Voce(mnuCollezioni, "mnuStampa", QStringLiteral("Stampa..."));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
 
@@ -113,6 +115,7 @@ void Form1::CollegaEventi() {
             Protetto([this] { mnuRinominaCollezione_Click(); }));
     connect(mnuDelCollection, &QAction::triggered, this, Protetto([this] { mnuDelCollection_Click(); }));
     connect(mnuInserisciRecord, &QAction::triggered, this, Protetto([this] { InserisciRecord(*List1); }));
+    connect(mnuStampa, &QAction::triggered, this, Protetto([this] { ApriStampa(m_idCollezione, this); }));
     connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
     connect(mnuNewCampo, &QAction::triggered, this, Protetto([this] { CreaNuovoCampo(*this); }));
     connect(mnuElliminaCampo, &QAction::triggered, this, Protetto([this] { EliminaCampo(*this); }));

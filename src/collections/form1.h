@@ -38,6 +38,7 @@ public:
     QAction* mnuRinominaCollezione;
     QAction* mnuDelCollection;
     QAction* mnuInserisciRecord;
+    QAction* mnuStampa;
     QAction* mnuEseguiRicerca;
 
     QMenu* mnuCampi;
