@@ -14,9 +14,10 @@ struct Operazione {
     std::function<void()> pavimento;
     std::function<void()> prima = [] {};
     std::function<void()> dopo = [] {};
+    // How many times its figure on the smallest store it may take on the largest; 0: no such target.
     // Loading a record is expected to cost the same whatever the store's size.
-    bool caricamento = false;
-    // How many times its floor the operation may take.
+    double scala = 0;
+    // How many times its floor the operation may take; 0: no such target.
     double obiettivo = 3.0;
 };
 
@@ -25,7 +26,7 @@ struct Risultato {
     qint64 figuraNs = 0;
     qint64 pavimentoNs = 0;
     int ripetizioni = 0;
-    bool caricamento = false;
+    double scala = 0;
     double obiettivo = 3.0;
 };
 

@@ -35,7 +35,12 @@ Pavimento::Pavimento(const CollezioneBench& collezione)
     , m_disposizione(QStringLiteral("update campi set \"left\"=?3, top=?4, height=?5, width=?6 "
                                     "where id=?2 and id_collezione=?1"))
     , m_inizia(QStringLiteral("begin"))
-    , m_conferma(QStringLiteral("commit")) {}
+    , m_conferma(QStringLiteral("commit"))
+    , m_scheda(
+          QStringLiteral("select campi.nome, campi.etichetta, campi.tipo, valori.valore from campi, valori "
+                         "where valori.id_campo=campi.id and valori.numerorecord=?2 and ") +
+          CampiDellaCollezione().replace(QStringLiteral("id_campo"), QStringLiteral("valori.id_campo")) +
+          QStringLiteral(" order by campi.nome")) {}
 
 qint32 Pavimento::Massimo() {
     m_massimo.Lega(1, m_collezione.id);
@@ -121,6 +126,19 @@ int Pavimento::Cerca(const QString& campo, const QString& testo, bool esatta) {
         valori.LunghezzaTesto(3);
     }
     valori.Azzera();
+    return righe;
+}
+
+int Pavimento::Schede(qint32 n) {
+    int righe = 0;
+    for (qint32 i = 1; i <= n; ++i) {
+        m_scheda.Lega(1, m_collezione.id).Lega(2, i);
+        for (; m_scheda.Riga(); ++righe) {
+            for (int colonna = 0; colonna < 4; ++colonna)
+                m_scheda.LunghezzaTesto(colonna);
+        }
+        m_scheda.Azzera();
+    }
     return righe;
 }
 

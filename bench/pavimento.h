@@ -32,6 +32,9 @@ public:
     // A search: the field's id by its name, then its matching value rows, each statement prepared
     // once from the window's own text; answers the rows read.
     int Cerca(const QString& campo, const QString& testo, bool esatta);
+    // The field rows of records 1 to n with their labels and types, each record in name order, as the
+    // print layouts read them; answers the rows read.
+    int Schede(qint32 n);
 
 private:
     CollezioneBench m_collezione;
@@ -47,6 +50,7 @@ private:
     Istruzione m_disposizione;
     Istruzione m_inizia;
     Istruzione m_conferma;
+    Istruzione m_scheda;
     std::map<QString, std::unique_ptr<Istruzione>> m_ricerche;
 
     Istruzione& Ricerca(const QString& sql);

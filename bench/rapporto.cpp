@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr double ObiettivoScala = 1.5;
-
 QString Etichetta(qint32 record) {
     return record % 1000 == 0 ? QString::number(record / 1000) + QLatin1Char('k') : QString::number(record);
 }
@@ -117,18 +115,20 @@ QString Esito(bool riuscito) {
 void StampaObiettiviScala(QTextStream& out, const MisureDimensione& piccolo, const MisureDimensione& grande) {
     for (qsizetype i = 0; i < grande.risultati.size(); ++i) {
         const Risultato& risultato = grande.risultati.at(i);
-        if (!risultato.caricamento)
+        if (risultato.scala <= 0)
             continue;
         const double r = Rapporto(risultato.figuraNs, piccolo.risultati.at(i).figuraNs);
         out << Riga(
             {QStringLiteral("%1 ≤ %2 × %3")
-                 .arg(Etichetta(grande.record), QString::number(ObiettivoScala), Etichetta(piccolo.record)),
-             risultato.nome, FormatoRapporto(r), Esito(r <= ObiettivoScala)});
+                 .arg(Etichetta(grande.record), QString::number(risultato.scala), Etichetta(piccolo.record)),
+             risultato.nome, FormatoRapporto(r), Esito(r <= risultato.scala)});
     }
 }
 
 void StampaObiettiviPavimento(QTextStream& out, const MisureDimensione& m) {
     for (const Risultato& risultato : m.risultati) {
+        if (risultato.obiettivo <= 0)
+            continue;
         const double r = Rapporto(risultato.figuraNs, risultato.pavimentoNs);
         out << Riga({QStringLiteral("≤ %1 × floor at %2")
                          .arg(QString::number(risultato.obiettivo), Etichetta(m.record)),
