@@ -1,5 +1,6 @@
 #include "superficiestampante.h"
 
+#include <QFile>
 #include <QPrinter>
 #include <stdexcept>
 
@@ -14,11 +15,14 @@ namespace {
 SuperficieStampante::SuperficieStampante(QPrinter& stampante)
     : m_stampante(stampante) {}
 
+// A PDF cannot be aborted: what was written of it is removed instead.
 SuperficieStampante::~SuperficieStampante() {
     if (!m_pittore.isActive())
         return;
     m_stampante.abort();
     m_pittore.end();
+    if (m_stampante.outputFormat() == QPrinter::PdfFormat)
+        QFile::remove(m_stampante.outputFileName());
 }
 
 QSizeF SuperficieStampante::Area() const {

@@ -3,6 +3,7 @@
 #include "interazionescriptata.h"
 #include "registrodisegno.h"
 
+#include "archivio.h"
 #include "casellafigura.h"
 #include "form1.h"
 #include "frmpreview.h"
@@ -238,6 +239,26 @@ private Q_SLOTS:
                  qPrintable(righe));
         QVERIFY(QRegularExpression("1951 +copertina.png +Disco 1").match(righe).hasMatch());
         QVERIFY(QRegularExpression("1953 +Disco 3").match(righe).hasMatch());
+    }
+
+    // A picture that cannot be read stops the printing with its name; what was printed before it is
+    // abandoned, not left as a half document.
+    void immagineMancanteInStampa() {
+        Dischi(2);
+        Database().Esegui(QStringLiteral("update valori set valore='") + m_archivio->Cartella() +
+                          QStringLiteral("/sparita.png' where numerorecord=2 and valore=''"));
+        frmPreview f;
+        f.IdCollezione = m_id;
+        const QString pdf = m_archivio->Cartella() + QStringLiteral("/schede.pdf");
+        f.Stampante().setOutputFormat(QPrinter::PdfFormat);
+        f.Stampante().setOutputFileName(pdf);
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok);
+        f.cmdStampa->click();
+        VERIFICA_SCRIPT(script);
+        QVERIFY(script.TestiMessaggi().at(0).startsWith("Impossibile caricare l'immagine \"" +
+                                                        m_archivio->Cartella() + "/sparita.png\""));
+        QVERIFY(!QFile::exists(pdf));
     }
 
     // A printer that cannot start says so; the dialog stays and prints once it can.
