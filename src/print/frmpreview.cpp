@@ -41,7 +41,7 @@ frmPreview::frmPreview(QWidget* parent)
     CreaControlli();
     CollegaEventi();
     AdattaPagina();
-    resize(Pic1->width() + 60, 760);
+    resize(Pic1->width() + 90, 780);
 }
 
 frmPreview::~frmPreview() = default;
@@ -57,12 +57,17 @@ void frmPreview::CreaControlli() {
         opzioni->addWidget(casella);
     opzioni->addStretch();
 
+    // The sheet lies on a dark desk with a border of it all around.
     Pic1 = new CasellaFigura;
+    auto* tavolo = new QWidget;
+    auto* bordo = new QVBoxLayout(tavolo);
+    bordo->setContentsMargins(16, 16, 16, 16);
+    bordo->addWidget(Pic1, 0, Qt::AlignHCenter);
     Scorrimento = new QScrollArea;
     Scorrimento->setObjectName(QStringLiteral("Scorrimento"));
     Scorrimento->setBackgroundRole(QPalette::Dark);
-    Scorrimento->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    Scorrimento->setWidget(Pic1);
+    Scorrimento->setWidgetResizable(true);
+    Scorrimento->setWidget(tavolo);
 
     cmdStampa = Pulsante("cmdStampa", QStringLiteral("STAMPA"));
     cmdImpostaStampante = Pulsante("cmdImpostaStampante", QStringLiteral("Imposta Stampante"));

@@ -82,6 +82,7 @@ private:
 
     // With ORVIX_SCHERMATE set to a folder, the preview and the printed PDFs are kept there for review.
     static void Guarda(QWidget& finestra, const QString& nome) {
+        QCoreApplication::processEvents(); // the scroll area lays out the sheet it shows
         if (const QString cartella = qEnvironmentVariable("ORVIX_SCHERMATE"); !cartella.isEmpty())
             QVERIFY(finestra.grab().save(QDir(cartella).filePath(nome)));
     }
