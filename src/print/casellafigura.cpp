@@ -1,5 +1,6 @@
 #include "casellafigura.h"
 
+#include <QPaintEvent>
 #include <cmath>
 
 CasellaFigura::CasellaFigura(QWidget* parent)
@@ -39,7 +40,10 @@ QList<QPicture> CasellaFigura::Disegni() {
     return m_disegni;
 }
 
+// The drawing is kept in pieces, so that painting replays only the pieces in sight.
 QPainter& CasellaFigura::Pittore() {
+    if (m_pittore.isActive() && ++m_disegnati % DisegniPerPezzo == 0)
+        Conserva();
     if (!m_pittore.isActive()) {
         m_corrente = QPicture();
         m_pittore.begin(&m_corrente);
@@ -52,10 +56,11 @@ QPainter& CasellaFigura::Pittore() {
 }
 
 void CasellaFigura::paintEvent(QPaintEvent* evento) {
-    Q_UNUSED(evento)
     Conserva();
     QPainter pittore(this);
     pittore.fillRect(rect(), Qt::white);
-    for (const QPicture& disegno : std::as_const(m_disegni))
-        pittore.drawPicture(0, 0, disegno);
+    for (const QPicture& disegno : std::as_const(m_disegni)) {
+        if (disegno.boundingRect().intersects(evento->rect()))
+            pittore.drawPicture(0, 0, disegno);
+    }
 }

@@ -34,10 +34,13 @@ protected:
     void ChiudiLavoro() override {}
 
 private:
+    static constexpr int DisegniPerPezzo = 256;
+
     void Conserva();
 
     QMarginsF m_margini;
     QList<QPicture> m_disegni;
     QPicture m_corrente;
     QPainter m_pittore;
+    int m_disegnati = 0;
 };

@@ -194,6 +194,16 @@ private Q_SLOTS:
         QVERIFY(poi.count("Anno:") > visti);
         QCOMPARE(poi.mid(0, primi.size()), primi);
         QVERIFY(!poi.contains("Record 300di 300"));
+        // Painting replays only the pieces of the drawing in sight: what is in sight is all there.
+        QTRY_VERIFY(barra->maximum() > alta);
+        barra->setValue(barra->maximum() * 3 / 4);
+        Guarda(f, QStringLiteral("anteprima-scorsa.png"));
+        const QImage vista = f.Scorrimento->viewport()->grab().toImage();
+        int scuri = 0;
+        for (int y = 0; y < vista.height(); ++y)
+            for (int x = 0; x < vista.width(); ++x)
+                scuri += qGray(vista.pixel(x, y)) < 100;
+        QVERIFY2(scuri > 2000, qPrintable(QString::number(scuri)));
     }
 
     // "STAMPA" prints to the printer the set-up chose; a PDF read back: one page per record, nothing
