@@ -29,7 +29,6 @@ Risultato Misura(const Operazione& operazione, const Opzioni& opzioni) {
         figura << UnaVolta(operazione, operazione.figura);
         pavimento << UnaVolta(operazione, operazione.pavimento);
     }
-    return {
-        operazione.nome,        Mediana(figura),      Mediana(pavimento),  static_cast<int>(figura.size()),
-        operazione.caricamento, operazione.perRecord, operazione.obiettivo};
+    return {operazione.nome,  Mediana(figura),      Mediana(pavimento),  static_cast<int>(figura.size()),
+            operazione.scala, operazione.perRecord, operazione.obiettivo};
 }

@@ -14,11 +14,11 @@ struct Operazione {
     std::function<void()> pavimento;
     std::function<void()> prima = [] {};
     std::function<void()> dopo = [] {};
-    // Loading a record is expected to cost the same whatever the store's size.
-    bool caricamento = false;
-    // Writing out the collection is expected to cost the same per record whatever the store's size.
+    // How many times its figure on the smallest store it may take on the largest; 0: no such target.
+    double scala = 0;
+    // The scale target above is per record: the collection is written out whole.
     bool perRecord = false;
-    // How many times its floor the operation may take.
+    // How many times its floor the operation may take; 0: no such target.
     double obiettivo = 3.0;
 };
 
@@ -27,7 +27,7 @@ struct Risultato {
     qint64 figuraNs = 0;
     qint64 pavimentoNs = 0;
     int ripetizioni = 0;
-    bool caricamento = false;
+    double scala = 0;
     bool perRecord = false;
     double obiettivo = 3.0;
 };

@@ -1,10 +1,13 @@
 #include "operazioni.h"
 
 #include "archivio.h"
+#include "casellafigura.h"
+#include "comandostampa.h"
 #include "costruisciform.h"
 #include "esportatesto.h"
 #include "frmanteprima.h"
 #include "frmfind.h"
+#include "frmpreview.h"
 #include "frmrecord.h"
 #include "mappacampi.h"
 #include "navigazione.h"
@@ -18,6 +21,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <cmath>
 #include <memory>
 #include <stdexcept>
 
@@ -54,7 +58,7 @@ Operazione Caricamento(Banco& b, const QString& quale, qint32 n) {
     Operazione o{QStringLiteral("load the %1 record (CaricaRecord)").arg(quale),
                  [&b, n] { CaricaRecord(b.finestra, n, b.collezione.id); },
                  [&b, n] { CaricaPavimento(b, n); }};
-    o.caricamento = true;
+    o.scala = 1.5;
     return o;
 }
 
@@ -69,7 +73,7 @@ Operazione Sfoglia(Banco& b, const QString& nome, bool cacheVuota) {
                      if (cacheVuota)
                          b.pavimento.SvuotaCache();
                  }};
-    o.caricamento = true;
+    o.scala = 1.5;
     return o;
 }
 
@@ -187,7 +191,26 @@ Operazione Esportazione(Banco& b) {
                                   "the export and its floor wrote different files");
                  }};
     o.perRecord = true;
+    o.scala = 1.5;
     o.obiettivo = 1.5;
+    return o;
+}
+
+// "Stampa..." up to the preview's first screen painted. Its floor reads the records that screen shows:
+// each sheet is 12 lines (the number, a blank line, ten fields), as many as the box's height holds.
+Operazione AnteprimaStampa(Banco& b) {
+    const frmPreview misura;
+    const double riga = misura.Pic1->AltezzaRiga();
+    const auto schede = static_cast<qint32>(std::ceil(misura.Pic1->Area().height() / (12 * riga)));
+    Operazione o{QStringLiteral("print preview, first screen (\"Stampa...\")"),
+                 [&b] { ApriStampa(b.collezione.id, nullptr); },
+                 [&b, schede] {
+                     Richiedi(b.pavimento.Massimo() == b.record, "the floor miscounted");
+                     Richiedi(b.pavimento.Schede(schede) == schede * b.collezione.idCampi.size(),
+                              "the floor did not read whole sheets");
+                 }};
+    o.scala = 2.0;
+    o.obiettivo = 0;
     return o;
 }
 
@@ -214,5 +237,5 @@ QList<Operazione> Operazioni(Banco& b) {
             Ricerca(b, QStringLiteral("search, whole value (one record)"),
                     DefinizioniCampi().at(0).valore(b.record / 4), true, 1.5),
             Ricerca(b, QStringLiteral("search matching every record"), QStringLiteral("Titolo"), false, 3.0),
-            Disposizione(b), Esportazione(b)};
+            Disposizione(b), Esportazione(b), AnteprimaStampa(b)};
 }

@@ -41,7 +41,12 @@ Pavimento::Pavimento(const CollezioneBench& collezione)
     , m_esporta(
           QStringLiteral("select valori.numerorecord, campi.nome, valori.valore from valori join campi on "
                          "valori.id_campo=campi.id where campi.id_collezione=?1 "
-                         "order by valori.numerorecord, campi.nome")) {}
+                         "order by valori.numerorecord, campi.nome"))
+    , m_scheda(
+          QStringLiteral("select campi.nome, campi.etichetta, campi.tipo, valori.valore from campi, valori "
+                         "where valori.id_campo=campi.id and valori.numerorecord=?2 and ") +
+          CampiDellaCollezione().replace(QStringLiteral("id_campo"), QStringLiteral("valori.id_campo")) +
+          QStringLiteral(" order by campi.nome")) {}
 
 qint32 Pavimento::Massimo() {
     m_massimo.Lega(1, m_collezione.id);
@@ -166,6 +171,19 @@ int Pavimento::Esporta(const QString& percorso) {
     blocco += "\r\n";
     file.write(blocco);
     return letti;
+}
+
+int Pavimento::Schede(qint32 n) {
+    int righe = 0;
+    for (qint32 i = 1; i <= n; ++i) {
+        m_scheda.Lega(1, m_collezione.id).Lega(2, i);
+        for (; m_scheda.Riga(); ++righe) {
+            for (int colonna = 0; colonna < 4; ++colonna)
+                m_scheda.LunghezzaTesto(colonna);
+        }
+        m_scheda.Azzera();
+    }
+    return righe;
 }
 
 void Pavimento::SvuotaCache() {

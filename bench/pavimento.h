@@ -36,6 +36,9 @@ public:
     // same bytes written to the file (the bench's values are ASCII, the same in UTF-8 and
     // Windows-1252); answers the values read.
     int Esporta(const QString& percorso);
+    // The field rows of records 1 to n with their labels and types, each record in name order, as the
+    // print layouts read them; answers the rows read.
+    int Schede(qint32 n);
 
 private:
     CollezioneBench m_collezione;
@@ -52,6 +55,7 @@ private:
     Istruzione m_inizia;
     Istruzione m_conferma;
     Istruzione m_esporta;
+    Istruzione m_scheda;
     std::map<QString, std::unique_ptr<Istruzione>> m_ricerche;
 
     Istruzione& Ricerca(const QString& sql);

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr double ObiettivoScala = 1.5;
-
 QString Etichetta(qint32 record) {
     return record % 1000 == 0 ? QString::number(record / 1000) + QLatin1Char('k') : QString::number(record);
 }
@@ -117,7 +115,7 @@ QString Esito(bool riuscito) {
 void StampaObiettiviScala(QTextStream& out, const MisureDimensione& piccolo, const MisureDimensione& grande) {
     for (qsizetype i = 0; i < grande.risultati.size(); ++i) {
         const Risultato& risultato = grande.risultati.at(i);
-        if (!risultato.caricamento && !risultato.perRecord)
+        if (risultato.scala <= 0)
             continue;
         double r = Rapporto(risultato.figuraNs, piccolo.risultati.at(i).figuraNs);
         if (risultato.perRecord)
@@ -125,13 +123,15 @@ void StampaObiettiviScala(QTextStream& out, const MisureDimensione& piccolo, con
         out << Riga(
             {QStringLiteral("%1%2 ≤ %3 × %4")
                  .arg(risultato.perRecord ? QStringLiteral("per record, ") : QString(),
-                      Etichetta(grande.record), QString::number(ObiettivoScala), Etichetta(piccolo.record)),
-             risultato.nome, FormatoRapporto(r), Esito(r <= ObiettivoScala)});
+                      Etichetta(grande.record), QString::number(risultato.scala), Etichetta(piccolo.record)),
+             risultato.nome, FormatoRapporto(r), Esito(r <= risultato.scala)});
     }
 }
 
 void StampaObiettiviPavimento(QTextStream& out, const MisureDimensione& m) {
     for (const Risultato& risultato : m.risultati) {
+        if (risultato.obiettivo <= 0)
+            continue;
         const double r = Rapporto(risultato.figuraNs, risultato.pavimentoNs);
         out << Riga({QStringLiteral("≤ %1 × floor at %2")
                          .arg(QString::number(risultato.obiettivo), Etichetta(m.record)),

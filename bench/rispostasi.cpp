@@ -29,8 +29,13 @@ QString RispostaSi::InputBox(const QString& prompt, const QString&, const QStrin
     Inatteso(prompt);
 }
 
+// The print preview is shown until its first screen is painted, then closed.
 int RispostaSi::MostraModale(QDialog& finestra) {
-    Inatteso(finestra.objectName());
+    if (finestra.objectName() != QStringLiteral("frmPreview"))
+        Inatteso(finestra.objectName());
+    finestra.show();
+    finestra.repaint();
+    return QDialog::Rejected;
 }
 
 bool RispostaSi::ApriConShell(const QString& indirizzo) {

@@ -2,7 +2,8 @@
 
 #include "interazione.h"
 
-// Answers Yes to the record window's delete question so "del" runs unattended; any other prompt
+// Answers Yes to the record window's delete question so "del" runs unattended, and shows the print
+// preview just long enough to paint it; any other prompt
 // means the bench is not measuring what it claims, so it stops the run.
 class RispostaSi final : public Interazione {
 public:

@@ -7,6 +7,7 @@
 #include "comandibackup.h"
 #include "comandicampi.h"
 #include "comandimodelli.h"
+#include "comandostampa.h"
 #include "confine.h"
 #include "esportacollezione.h"
 #include "grigliaproprieta.h"
@@ -104,6 +105,7 @@ void Form1::CreaMenu() {
     mnuEsporta1->menuAction()->setObjectName(QStringLiteral("mnuEsporta1"));
     mnuEsporta = Voce(mnuEsporta1, "mnuEsporta", QStringLiteral("Esporta &Collezione"));
     mnuEsportaModello = Voce(mnuEsporta1, "mnuEsportaModello", QStringLiteral("Esporta &Modello"));
+    mnuStampa = Voce(mnuCollezioni, "mnuStampa", QStringLiteral("Stampa..."));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusepBack"));
@@ -133,6 +135,7 @@ void Form1::CollegaEventi() {
     connect(mnuInserisciRecord, &QAction::triggered, this, Protetto([this] { InserisciRecord(*List1); }));
     connect(mnuEsporta, &QAction::triggered, this,
             Protetto([this] { EsportaCollezione(this, m_idCollezione); }));
+    connect(mnuStampa, &QAction::triggered, this, Protetto([this] { ApriStampa(m_idCollezione, this); }));
     connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
     connect(mnuBackup, &QAction::triggered, this, Protetto([this] { Backup(this); }));
     connect(mnuRestore, &QAction::triggered, this, Protetto([this] { Restore(this); }));

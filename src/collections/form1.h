@@ -42,6 +42,7 @@ public:
     QMenu* mnuEsporta1;
     QAction* mnuEsporta;
     QAction* mnuEsportaModello;
+    QAction* mnuStampa;
     QAction* mnuEseguiRicerca;
     QAction* mnuBackup;
     QAction* mnuRestore;

@@ -205,7 +205,7 @@ private Q_SLOTS:
         QCOMPARE(TitoliMenu(frame->menuBar()), QStringList({"Collezione", "Campi"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCollezioni),
                  QStringList({"Nuova", "Nuova da Modello...", "Rinomina", "Elimina", "-", "Inserisci Record",
-                              "-", "Esporta", "-", "Esegui Ricerca", "-", "Backup", "Restore"}));
+                              "-", "Esporta", "Stampa...", "-", "Esegui Ricerca", "-", "Backup", "Restore"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi),
                  QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà",
                               "Visualizza in Anteprima"}));
