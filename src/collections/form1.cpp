@@ -7,6 +7,7 @@
 #include "comandicampi.h"
 #include "confine.h"
 #include "grigliaproprieta.h"
+#include "importa.h"
 #include "interazione.h"
 #include "listecontrolli.h"
 #include "routinesql.h"
@@ -93,6 +94,7 @@ void Form1::CreaMenu() {
     mnuDelCollection = Voce(mnuCollezioni, "mnuDelCollection", QStringLiteral("Elimina"));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnuSep2"));
     mnuInserisciRecord = Voce(mnuCollezioni, "mnuInserisciRecord", QStringLiteral("Inserisci Record"));
+    mnuImportaStrutturaeDati = Voce(mnuCollezioni, "mnuImportaStrutturaeDati", QStringLiteral("Importa..."));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
 
@@ -113,6 +115,8 @@ void Form1::CollegaEventi() {
             Protetto([this] { mnuRinominaCollezione_Click(); }));
     connect(mnuDelCollection, &QAction::triggered, this, Protetto([this] { mnuDelCollection_Click(); }));
     connect(mnuInserisciRecord, &QAction::triggered, this, Protetto([this] { InserisciRecord(*List1); }));
+    connect(mnuImportaStrutturaeDati, &QAction::triggered, this,
+            Protetto([this] { ImportaStrutturaeDati(*List1); }));
     connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
     connect(mnuNewCampo, &QAction::triggered, this, Protetto([this] { CreaNuovoCampo(*this); }));
     connect(mnuElliminaCampo, &QAction::triggered, this, Protetto([this] { EliminaCampo(*this); }));

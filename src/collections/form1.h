@@ -38,6 +38,7 @@ public:
     QAction* mnuRinominaCollezione;
     QAction* mnuDelCollection;
     QAction* mnuInserisciRecord;
+    QAction* mnuImportaStrutturaeDati;
     QAction* mnuEseguiRicerca;
 
     QMenu* mnuCampi;
