@@ -16,8 +16,10 @@ struct Operazione {
     std::function<void()> dopo = [] {};
     // Loading a record is expected to cost the same whatever the store's size.
     bool caricamento = false;
-    // How many times its floor the operation may take.
+    // How many times its floor the operation may take; 0 for a figure shown for reference only.
     double obiettivo = 3.0;
+    // A cap on the repetitions of a long operation; 0 for none.
+    int ripetizioniMassime = 0;
 };
 
 struct Risultato {

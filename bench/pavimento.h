@@ -32,6 +32,12 @@ public:
     // A search: the field's id by its name, then its matching value rows, each statement prepared
     // once from the window's own text; answers the rows read.
     int Cerca(const QString& campo, const QString& testo, bool esatta);
+    // An import's least SQL: the collection row, its field rows and every value of `valori` (row
+    // after row, one per name), each kind of row through one prepared statement, in one
+    // transaction. Answers the new collection's id.
+    qint32 Importazione(const QStringList& nomi, const QByteArrayList& valori);
+    // Not a floor: removes a collection with its field and value rows.
+    void TogliCollezione(qint32 id);
 
 private:
     CollezioneBench m_collezione;
@@ -45,6 +51,8 @@ private:
     Istruzione m_rinumera;
     Istruzione m_togli;
     Istruzione m_disposizione;
+    Istruzione m_collezione;
+    Istruzione m_campo;
     Istruzione m_inizia;
     Istruzione m_conferma;
     std::map<QString, std::unique_ptr<Istruzione>> m_ricerche;

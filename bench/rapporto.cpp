@@ -129,6 +129,8 @@ void StampaObiettiviScala(QTextStream& out, const MisureDimensione& piccolo, con
 
 void StampaObiettiviPavimento(QTextStream& out, const MisureDimensione& m) {
     for (const Risultato& risultato : m.risultati) {
+        if (risultato.obiettivo <= 0)
+            continue;
         const double r = Rapporto(risultato.figuraNs, risultato.pavimentoNs);
         out << Riga({QStringLiteral("≤ %1 × floor at %2")
                          .arg(QString::number(risultato.obiettivo), Etichetta(m.record)),

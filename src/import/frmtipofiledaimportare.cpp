@@ -29,6 +29,8 @@ frmTipoFileDaImportare::frmTipoFileDaImportare(QWidget* parent)
     CancelButton = pulsanti.annulla;
     connect(OKButton, &QPushButton::clicked, this, Protetto([this] { OKButton_Click(); }));
     connect(CancelButton, &QPushButton::clicked, this, Protetto([this] { reject(); }));
+    // Wide enough for its whole caption.
+    resize(520, sizeHint().height());
 }
 
 void frmTipoFileDaImportare::OKButton_Click() {
