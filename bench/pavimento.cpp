@@ -34,7 +34,7 @@ Pavimento::Pavimento(const CollezioneBench& collezione)
     , m_togli(QStringLiteral("delete from valori where numerorecord>?2 and ") + CampiDellaCollezione())
     , m_disposizione(QStringLiteral("update campi set \"left\"=?3, top=?4, height=?5, width=?6 "
                                     "where id=?2 and id_collezione=?1"))
-    , m_collezione(
+    , m_nuovaCollezione(
           QStringLiteral("insert into collezioni (nome, descrizione, data_creazione) values (?1, '', ?2)"))
     , m_campo(QStringLiteral(
           "insert into campi (id_collezione, nome, etichetta, tipo, \"left\", top, width, height, "
@@ -136,8 +136,8 @@ void Pavimento::SvuotaCache() {
 
 qint32 Pavimento::Importazione(const QStringList& nomi, const QByteArrayList& valori) {
     m_inizia.Esegui();
-    m_collezione.Lega(1, QByteArray("Pavimento")).Lega(2, m_oggi).Esegui();
-    const qint64 id = sqlite3_last_insert_rowid(m_collezione.Connessione());
+    m_nuovaCollezione.Lega(1, QByteArray("Pavimento")).Lega(2, m_oggi).Esegui();
+    const qint64 id = sqlite3_last_insert_rowid(m_nuovaCollezione.Connessione());
     QList<qint64> campi;
     for (qsizetype k = 0; k < nomi.size(); ++k) {
         m_campo.Lega(1, id).Lega(2, nomi.at(k).toUtf8()).Lega(3, 40 * (k + 1)).Lega(4, k).Esegui();

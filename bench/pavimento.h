@@ -51,7 +51,7 @@ private:
     Istruzione m_rinumera;
     Istruzione m_togli;
     Istruzione m_disposizione;
-    Istruzione m_collezione;
+    Istruzione m_nuovaCollezione;
     Istruzione m_campo;
     Istruzione m_inizia;
     Istruzione m_conferma;

@@ -1,34 +1,17 @@
 #include "frmimportaext1.h"
 
-#include "confine.h"
 #include "pulsantiimporta.h"
 
-#include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QVBoxLayout>
-
-namespace {
-
-QRadioButton* Opzione(const char* nome, const QString& testo, QLayout& colonna) {
-    auto* opzione = new QRadioButton(testo);
-    opzione->setObjectName(QLatin1String(nome));
-    colonna.addWidget(opzione);
-    return opzione;
-}
-
-} // namespace
 
 frmImportaExt1::frmImportaExt1(QWidget* parent)
     : QDialog(parent) {
     setObjectName(QStringLiteral("frmImportaExt1"));
     setWindowTitle(QStringLiteral("Che tipo di file si intende importare?"));
-    auto* gruppo = new QGroupBox(QStringLiteral("Separatore dei valori"));
-    auto* opzioni = new QVBoxLayout(gruppo);
-    Option1 = Opzione("Option1", QStringLiteral("Record separati da  ;  (punto e virgola)"), *opzioni);
-    Option2 = Opzione("Option2", QStringLiteral("Record separati da  ,  (virgola)"), *opzioni);
-    Option3 = Opzione("Option3", QStringLiteral("Record separati da  TAB  (tabulatore)"), *opzioni);
+    Option1 = Opzione("Option1", QStringLiteral("Record separati da  ;  (punto e virgola)"));
+    Option2 = Opzione("Option2", QStringLiteral("Record separati da  ,  (virgola)"));
+    Option3 = Opzione("Option3", QStringLiteral("Record separati da  TAB  (tabulatore)"));
     Option1->setChecked(true);
     Label1 = new QLabel(QStringLiteral(
         "Se intendi importare record presenti in tabelle EXCEL o ACCESS ricorda che dai suddetti programmi "
@@ -36,15 +19,11 @@ frmImportaExt1::frmImportaExt1(QWidget* parent)
         "supportati da Orvix for Tarvino"));
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setWordWrap(true);
-    auto* contenuto = new QVBoxLayout;
-    contenuto->addWidget(gruppo);
-    contenuto->addWidget(Label1);
-    const PulsantiDialogo pulsanti = DisponiDialogoImporta(*this, contenuto);
+    const PulsantiDialogo pulsanti = DisponiDialogoImporta(
+        *this, QStringLiteral("Separatore dei valori"), {Option1, Option2, Option3}, Label1,
+        [this] { OKButton_Click(); }, 460);
     OKButton = pulsanti.conferma;
     CancelButton = pulsanti.annulla;
-    connect(OKButton, &QPushButton::clicked, this, Protetto([this] { OKButton_Click(); }));
-    connect(CancelButton, &QPushButton::clicked, this, Protetto([this] { reject(); }));
-    resize(460, sizeHint().height());
 }
 
 void frmImportaExt1::OKButton_Click() {

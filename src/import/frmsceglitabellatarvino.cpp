@@ -1,13 +1,9 @@
 #include "frmsceglitabellatarvino.h"
 
-#include "confine.h"
 #include "pulsantiimporta.h"
 
 #include <QComboBox>
-#include <QGroupBox>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QVBoxLayout>
 
 frmScegliTabellaTarvino::frmScegliTabellaTarvino(const QStringList& tabelle, QWidget* parent)
     : QDialog(parent) {
@@ -17,24 +13,14 @@ frmScegliTabellaTarvino::frmScegliTabellaTarvino(const QStringList& tabelle, QWi
     cmbTabelle->setObjectName(QStringLiteral("cmbTabelle"));
     cmbTabelle->addItems(tabelle);
     cmbTabelle->setCurrentIndex(tabelle.isEmpty() ? -1 : 0);
-    optOnlyOne = new QRadioButton(QStringLiteral("Importa solo la collezione scelta nell'elenco"));
-    optOnlyOne->setObjectName(QStringLiteral("optOnlyOne"));
+    optOnlyOne = Opzione("optOnlyOne", QStringLiteral("Importa solo la collezione scelta nell'elenco"));
     optOnlyOne->setChecked(true);
-    OptTutte = new QRadioButton(QStringLiteral("Importa tutte le collezioni dell'archivio"));
-    OptTutte->setObjectName(QStringLiteral("OptTutte"));
-    auto* gruppo = new QGroupBox(QStringLiteral("Collezioni dell'archivio"));
-    auto* colonna = new QVBoxLayout(gruppo);
-    colonna->addWidget(optOnlyOne);
-    colonna->addWidget(cmbTabelle);
-    colonna->addWidget(OptTutte);
-    auto* contenuto = new QVBoxLayout;
-    contenuto->addWidget(gruppo);
-    const PulsantiDialogo pulsanti = DisponiDialogoImporta(*this, contenuto);
+    OptTutte = Opzione("OptTutte", QStringLiteral("Importa tutte le collezioni dell'archivio"));
+    const PulsantiDialogo pulsanti = DisponiDialogoImporta(
+        *this, QStringLiteral("Collezioni dell'archivio"), {optOnlyOne, cmbTabelle, OptTutte}, nullptr,
+        [this] { OKButton_Click(); }, 420);
     OKButton = pulsanti.conferma;
     CancelButton = pulsanti.annulla;
-    connect(OKButton, &QPushButton::clicked, this, Protetto([this] { OKButton_Click(); }));
-    connect(CancelButton, &QPushButton::clicked, this, Protetto([this] { reject(); }));
-    resize(420, sizeHint().height());
 }
 
 void frmScegliTabellaTarvino::OKButton_Click() {

@@ -28,6 +28,14 @@ private:
     QListWidget& m_lista;
 };
 
+// The dialog shown modally over the collections window; its result.
+template <typename Dialogo, typename... Argomenti>
+QString Scelta(QListWidget& collezioni, const Argomenti&... argomenti) {
+    Dialogo dialogo(argomenti..., collezioni.window());
+    MostraModale(dialogo);
+    return dialogo.Risultato();
+}
+
 QString Filtro(const QString& estensione) {
     const QChar nul(u'\0');
     return QStringLiteral("File Database") + nul + QStringLiteral("*.") + estensione + nul +
@@ -37,12 +45,7 @@ QString Filtro(const QString& estensione) {
 } // namespace
 
 void ImportaStrutturaeDati(QListWidget& collezioni) {
-    QString tipo;
-    {
-        frmTipoFileDaImportare scelta(collezioni.window());
-        MostraModale(scelta);
-        tipo = scelta.Risultato();
-    }
+    const QString tipo = Scelta<frmTipoFileDaImportare>(collezioni);
     if (tipo.isEmpty())
         return;
     const QString file = DialogoFile(collezioni.window(), 1, QStringLiteral("Scegli il file..."), QString(),
@@ -56,12 +59,7 @@ void ImportaStrutturaeDati(QListWidget& collezioni) {
 }
 
 void ImportaTesto(const QString& file, QListWidget& collezioni) {
-    QString separatore;
-    {
-        frmImportaExt1 scelta(collezioni.window());
-        MostraModale(scelta);
-        separatore = scelta.Risultato();
-    }
+    const QString separatore = Scelta<frmImportaExt1>(collezioni);
     if (separatore.isEmpty())
         return;
     const QString nome = InputBox(QStringLiteral("Digita il nome della Collezione che intendi Importare?"),
@@ -85,12 +83,7 @@ void ImportaArchivioTarvino(const QString& file, QListWidget& collezioni) {
     const QString password = InputBox(QStringLiteral("Inserire la password di protezione (se necessaria):"));
     ArchivioJet archivio(file, password);
     const QStringList tabelle = archivio.Tabelle();
-    QString scelta;
-    {
-        frmScegliTabellaTarvino sceltaTabella(tabelle, collezioni.window());
-        MostraModale(sceltaTabella);
-        scelta = sceltaTabella.Risultato();
-    }
+    const QString scelta = Scelta<frmScegliTabellaTarvino>(collezioni, tabelle);
     if (scelta.isEmpty())
         return;
     ElencoCollezioni elenco(collezioni);

@@ -2,6 +2,17 @@
 
 #include "disposizionedialogo.h"
 
-// The import dialogs' layout: the content above, "OK" (the default, `OKButton`) and "Annulla"
-// (`CancelButton`) at the bottom right.
-PulsantiDialogo DisponiDialogoImporta(QDialog& dialogo, QLayout* contenuto);
+#include <QList>
+#include <functional>
+
+class QRadioButton;
+class QWidget;
+
+// Lays an import dialog out: a group of choices headed `gruppo`, an optional note below it, then
+// "OK" (the default, `OKButton`, which runs `conferma`) and "Annulla" (`CancelButton`, which
+// cancels) at the bottom right, the whole `larghezza` pixels wide.
+PulsantiDialogo DisponiDialogoImporta(QDialog& dialogo, const QString& gruppo, const QList<QWidget*>& scelte,
+                                      QWidget* nota, const std::function<void()>& conferma, int larghezza);
+
+// A radio button with the object name the program gives it.
+QRadioButton* Opzione(const char* nome, const QString& testo);

@@ -91,26 +91,45 @@ void ScritturaCollezione::CercaIdCampi() {
 void ScritturaCollezione::AggiungiRecord(const QStringList& valori) {
     ++m_record;
     m_avanzamento.Stato(QStringLiteral("Sto inserendo il record ") + QString::number(m_record));
+    if (!m_idTrovati) {
+        try {
+            CercaIdCampi(); // only reads: nothing of the record is written yet
+        } catch (const ErroreDatabase&) {
+            ChiudiLotto();
+            throw;
+        }
+    }
+    for (qsizetype k = 0; k < m_idCampi.size(); ++k) {
+        if (!Legabile(valori.at(k))) {
+            RecordDaSolo(valori);
+            return;
+        }
+    }
     ApriLotto();
     try {
-        Transazione record(Database());
-        if (!m_idTrovati)
-            CercaIdCampi();
         for (qsizetype k = 0; k < m_idCampi.size(); ++k)
-            Inserisci(m_idCampi.at(k), valori.at(k));
-        record.Conferma();
+            Lega(m_idCampi.at(k), valori.at(k));
     } catch (const ErroreDatabase&) {
-        // The failing record is gone; the whole ones before it stay.
-        --m_record;
-        try {
-            ChiudiLotto();
-        } catch (const ErroreDatabase&) {
-            // The engine had already given the batch up.
-        }
+        // Only the store itself fails here (a full disk): the batch goes with it, as with a kill.
+        m_lotto.reset();
         throw;
     }
     if (++m_nelLotto >= DimensioneLotto)
         ChiudiLotto();
+}
+
+// A record holding a spliced value: the whole records before it are committed first, and it stands
+// in its own transaction, so a failing statement takes only its own record with it.
+void ScritturaCollezione::RecordDaSolo(const QStringList& valori) {
+    ChiudiLotto();
+    Transazione record(Database());
+    for (qsizetype k = 0; k < m_idCampi.size(); ++k) {
+        if (Legabile(valori.at(k)))
+            Lega(m_idCampi.at(k), valori.at(k));
+        else
+            Database().Esegui(Giunta(m_idCampi.at(k), valori.at(k)));
+    }
+    record.Conferma();
 }
 
 QString ScritturaCollezione::Giunta(qint64 idCampo, const QString& valore) const {
@@ -128,13 +147,11 @@ QString ScritturaCollezione::Giunta(qint64 idCampo, const QString& valore) const
 // A value whose spliced literal reads back as the value itself is bound to one prepared statement;
 // any other (a quote spliced unquoted, a NUL character) runs as the spliced text, so it fails, or
 // stores, exactly as that statement does.
-void ScritturaCollezione::Inserisci(qint64 idCampo, const QString& valore) {
-    const bool giuntaFedele =
-        (m_quotati || !valore.contains(QLatin1Char('\''))) && !valore.contains(QChar(0));
-    if (!giuntaFedele) {
-        Database().Esegui(Giunta(idCampo, valore));
-        return;
-    }
+bool ScritturaCollezione::Legabile(const QString& valore) const {
+    return (m_quotati || !valore.contains(QLatin1Char('\''))) && !valore.contains(QChar(0));
+}
+
+void ScritturaCollezione::Lega(qint64 idCampo, const QString& valore) {
     if (!m_inserisci)
         m_inserisci = Database().Prepara(InserisciValore + QStringLiteral(" values(?1,?2,?3,?3,?4)"));
     const QByteArray testo = valore.toUtf8();

@@ -20,8 +20,9 @@ struct CampoImportato {
 };
 
 // Writes an imported collection's field rows and records. Each record is stored whole or not at
-// all; records are committed in batches of DimensioneLotto, so a kill loses at most the batch in
-// progress and a failing record keeps every record before it.
+// all; records are committed in batches of DimensioneLotto (the field rows with the first), so a
+// kill loses at most the batch in progress, and a record whose statement fails keeps every record
+// before it.
 class ScritturaCollezione final {
 public:
     static constexpr int DimensioneLotto = 1000;
@@ -40,13 +41,13 @@ public:
     void AggiungiRecord(const QStringList& valori);
     void Concludi();
 
-    qint32 Record() const { return m_record; }
-
 private:
     void ApriLotto();
     void ChiudiLotto();
     void CercaIdCampi();
-    void Inserisci(qint64 idCampo, const QString& valore);
+    bool Legabile(const QString& valore) const;
+    void Lega(qint64 idCampo, const QString& valore);
+    void RecordDaSolo(const QStringList& valori);
     QString Giunta(qint64 idCampo, const QString& valore) const;
 
     qint32 m_idCollezione;

@@ -29,25 +29,6 @@
 
 namespace {
 
-QStringList Righe(const QString& sql) {
-    QStringList righe;
-    for (Recordset rs = Database().ApriRecordset(sql); !rs.Fine(); rs.Successivo()) {
-        QStringList celle;
-        for (int i = 0; i < rs.NumeroColonne(); ++i)
-            celle << rs.Campo(i).toString();
-        righe << celle.join(QLatin1Char('|'));
-    }
-    return righe;
-}
-
-QStringList Record(qint32 idCollezione) {
-    return Righe(
-        QStringLiteral("select group_concat(valore, '|') from (select v.numerorecord, v.valore from valori v "
-                       "join campi c on c.id = v.id_campo where c.id_collezione = %1 order by "
-                       "v.numerorecord, c.id) group by numerorecord order by numerorecord")
-            .arg(idCollezione));
-}
-
 void Cattura(QWidget& finestra, const QString& nome) {
     const QString cartella = qEnvironmentVariable("ORVIX_CATTURE");
     if (!cartella.isEmpty())
@@ -107,7 +88,7 @@ private:
     }
 
     qint32 Id(const QString& nome) {
-        return Righe("select id from collezioni where nome='" + nome + "'").value(0).toInt();
+        return RigheSql("select id from collezioni where nome='" + nome + "'").value(0).toInt();
     }
 
     void ScriptTesto(InterazioneScriptata& script, const QString& file, const char* separatore,
@@ -215,9 +196,9 @@ private Q_SLOTS:
         QCOMPARE(script.Richieste().at(3).messaggio.titolo, QString("Nome collezione?"));
         const qint32 id = Id("Libri");
         QCOMPARE(Elencate(), QStringList{"Libri=" + QString::number(id)});
-        QCOMPARE(Righe("select nome||':'||tipo from campi where id_collezione=" + QString::number(id)),
+        QCOMPARE(RigheSql("select nome||':'||tipo from campi where id_collezione=" + QString::number(id)),
                  QStringList({"Titolo:textbox", QString::fromUtf8("Città:textbox"), "Note:textbox"}));
-        QCOMPARE(Record(id),
+        QCOMPARE(RecordCollezione(id),
                  QStringList({QString::fromUtf8("Il nome|Forlì|"), "Due|Roma|con;punto e, virgola"}));
         QCOMPARE(Stato(), QString("Inserimento Completato."));
     }
@@ -242,7 +223,7 @@ private Q_SLOTS:
             script.Digita("");
         IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
         VERIFICA_SCRIPT(script);
-        QCOMPARE(Righe("select count(*) from collezioni"), QStringList{"0"});
+        QCOMPARE(RigheSql("select count(*) from collezioni"), QStringList{"0"});
         QCOMPARE(Collezioni().count(), 0);
     }
 
@@ -255,7 +236,7 @@ private Q_SLOTS:
         QCOMPARE(Descrivi(script.Richieste().last().messaggio),
                  QString("Formato File non valido! | Orvix | 1"));
         QCOMPARE(Elencate(), QStringList{"Vuota=" + QString::number(Id("Vuota"))});
-        QCOMPARE(Righe("select count(*) from campi"), QStringList{"0"});
+        QCOMPARE(RigheSql("select count(*) from campi"), QStringList{"0"});
     }
 
     // The engine's error is shown at the failing record; the records before it stay.
@@ -267,7 +248,7 @@ private Q_SLOTS:
         VERIFICA_SCRIPT(script);
         QCOMPARE(Descrivi(script.Richieste().last().messaggio),
                  QString("near \"ultimo\": syntax error | Orvix | 11"));
-        QCOMPARE(Record(Id("Apici")), QStringList({"1|2", "3|4"}));
+        QCOMPARE(RecordCollezione(Id("Apici")), QStringList({"1|2", "3|4"}));
         QCOMPARE(Stato(), QString("Sto inserendo il record 3"));
         QCOMPARE(Collezioni().count(), 1);
     }
@@ -295,9 +276,11 @@ private Q_SLOTS:
                                                         Qt::NoButton, Qt::NoModifier));
             QCoreApplication::postEvent(m_frame.get(), new QCloseEvent);
         });
+        CreaCollezione("Altra", QString());
+        CaricaCollezioniInLista(Collezioni());
+        Collezioni().setCurrentRow(0); // a Delete key would ask to delete it
         InterazioneScriptata script;
         ScriptTesto(script, File("a.txt", testo), "Option1", "Grande");
-        Collezioni().setCurrentRow(-1);
         IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
         VERIFICA_SCRIPT(script);
         QVERIFY(inviati);
@@ -345,20 +328,22 @@ private Q_SLOTS:
         const qint32 id = Id("film1");
         QVERIFY(id > 0);
         QCOMPARE(Elencate().last(), "film1=" + QString::number(id));
-        QCOMPARE(Righe("select descrizione from collezioni where id=" + QString::number(id)),
+        QCOMPARE(RigheSql("select descrizione from collezioni where id=" + QString::number(id)),
                  QStringList{"film Importati da Tarvino"});
-        QCOMPARE(Righe("select nome,etichetta,tipo,special,required,tabindex,\"left\",top from campi where "
-                       "id_collezione=" +
-                       QString::number(id)),
+        QCOMPARE(
+            RigheSql("select nome,etichetta,tipo,special,required,tabindex,\"left\",top from campi where "
+                     "id_collezione=" +
+                     QString::number(id)),
+            QStringList(
+                {"Titolo|Titolo|textbox||true|0|30|40",
+                 "Genere|Genere|list|Thriller|Commedia|Sentimentale|Drammatico|Storico|Avventura|Sexy|"
+                 "Horror|false|1|30|80",
+                 "Giudizio|Giudizio|slider|1|10|false|2|30|120", "Visto|Visto|checkbox||false|3|30|160",
+                 "Immagine|Immagine|image|true|false|4|30|200", "Trama|Trama|memo||false|5|30|240",
+                 "Uscita|Uscita|textbox||false|6|30|280", "Prezzo|Prezzo|textbox||false|7|30|320"}));
+        QCOMPARE(RecordCollezione(id),
                  QStringList(
-                     {"Titolo|Titolo|textbox||true|0|30|40",
-                      "Genere|Genere|list|Thriller|Commedia|Sentimentale|Drammatico|Storico|Avventura|Sexy|"
-                      "Horror|false|1|30|80",
-                      "Giudizio|Giudizio|slider|1|10|false|2|30|120", "Visto|Visto|checkbox||false|3|30|160",
-                      "Immagine|Immagine|image|true|false|4|30|200", "Trama|Trama|memo||false|5|30|240",
-                      "Uscita|Uscita|textbox||false|6|30|280", "Prezzo|Prezzo|textbox||false|7|30|320"}));
-        QCOMPARE(Record(id), QStringList({"L'ultimo|2|7|1|/img/a.jpg|C'era una volta|23/10/1987|12,5",
-                                          "Secondo|0|3|0||||1987"}));
+                     {"L'ultimo|2|7|1|/img/a.jpg|C'era una volta|23/10/1987|12,5", "Secondo|0|3|0||||1987"}));
         QCOMPARE(Stato(), QString("Inserimento Completato."));
         ApriRecord(id, 1);
         QList<QCheckBox*> caselle = FinestraRecord().findChildren<QCheckBox*>();
@@ -381,16 +366,16 @@ private Q_SLOTS:
             IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
             VERIFICA_SCRIPT(script);
         }
-        QCOMPARE(Righe("select nome from collezioni"),
+        QCOMPARE(RigheSql("select nome from collezioni"),
                  QStringList({"giochi", "canzoni", "giochi1", "canzoni1"}));
-        QCOMPARE(Righe("select nome||':'||tipo||':'||special from campi where id_collezione=" +
-                       QString::number(Id("giochi1"))),
+        QCOMPARE(RigheSql("select nome||':'||tipo||':'||special from campi where id_collezione=" +
+                          QString::number(Id("giochi1"))),
                  QStringList({"Genere:list:Sparatutto|Simulazione|Arcade|Avventura|Strategico|Sport|Altro",
                               "giudizio:checkbox:"}));
-        QCOMPARE(Righe("select nome||':'||tipo||':'||special from campi where id_collezione=" +
-                       QString::number(Id("canzoni"))),
+        QCOMPARE(RigheSql("select nome||':'||tipo||':'||special from campi where id_collezione=" +
+                          QString::number(Id("canzoni"))),
                  QStringList({"GENERE:list:Pop|Rock|Dance|Classica|Blues|Rap|R&B|Altro", "note:textbox:"}));
-        QCOMPARE(Record(Id("canzoni1")), QStringList{"Rock|3"});
+        QCOMPARE(RecordCollezione(Id("canzoni1")), QStringList{"Rock|3"});
         QCOMPARE(Collezioni().count(), 4);
     }
 
@@ -417,7 +402,7 @@ private Q_SLOTS:
         IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
         VERIFICA_SCRIPT(script);
         QCOMPARE(Descrivi(script.Richieste().last().messaggio), messaggio + ": " + file + " | Orvix | 11");
-        QCOMPARE(Righe("select count(*) from collezioni"), QStringList{"0"});
+        QCOMPARE(RigheSql("select count(*) from collezioni"), QStringList{"0"});
     }
 
     // Only the engine's own tables: an empty chooser, and OK imports nothing.
@@ -433,7 +418,7 @@ private Q_SLOTS:
         IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
         VERIFICA_SCRIPT(script);
         QCOMPARE(voci, 0);
-        QCOMPARE(Righe("select count(*) from collezioni"), QStringList{"0"});
+        QCOMPARE(RigheSql("select count(*) from collezioni"), QStringList{"0"});
     }
 };
 

@@ -26,26 +26,6 @@ public:
     QStringList create;
 };
 
-QStringList Righe(const QString& sql) {
-    QStringList righe;
-    for (Recordset rs = Database().ApriRecordset(sql); !rs.Fine(); rs.Successivo()) {
-        QStringList celle;
-        for (int i = 0; i < rs.NumeroColonne(); ++i)
-            celle << rs.Campo(i).toString();
-        righe << celle.join(QLatin1Char('|'));
-    }
-    return righe;
-}
-
-// A record as the values of its fields in field order, "|" between them.
-QStringList Record(qint32 idCollezione) {
-    return Righe(
-        QStringLiteral("select group_concat(valore, '|') from (select v.numerorecord, v.valore from valori v "
-                       "join campi c on c.id = v.id_campo where c.id_collezione = %1 order by "
-                       "v.numerorecord, c.id) group by numerorecord order by numerorecord")
-            .arg(idCollezione));
-}
-
 } // namespace
 
 // The text import's core: the file read as UTF-8 or Windows-1252, the collection and its fields
@@ -71,7 +51,7 @@ private:
     }
 
     qint32 Id(const QString& nome = "Importata") {
-        return Righe("select id from collezioni where nome='" + nome + "'").value(0).toInt();
+        return RigheSql("select id from collezioni where nome='" + nome + "'").value(0).toInt();
     }
 
 private Q_SLOTS:
@@ -126,18 +106,19 @@ private Q_SLOTS:
         QCOMPARE(Importa("Titolo;Autore;Anno\r\n"), EsitoImportazione::Completata);
         const qint32 id = Id();
         QCOMPARE(m_registro.create, QStringList{QString::number(id) + ":Importata"});
-        QCOMPARE(Righe("select nome,etichetta,tipo,\"left\",top,width,height,tabindex,required,\"default\","
-                       "formula,special,tooltip from campi where id_collezione=" +
-                       QString::number(id)),
-                 QStringList({"Titolo|Titolo|textbox|30|40|200|20|0|false||||",
-                              "Autore|Autore|textbox|30|80|200|20|1|false||||",
-                              "Anno|Anno|textbox|30|120|200|20|2|false||||"}));
-        QCOMPARE(Record(id), QStringList());
+        QCOMPARE(
+            RigheSql("select nome,etichetta,tipo,\"left\",top,width,height,tabindex,required,\"default\","
+                     "formula,special,tooltip from campi where id_collezione=" +
+                     QString::number(id)),
+            QStringList({"Titolo|Titolo|textbox|30|40|200|20|0|false||||",
+                         "Autore|Autore|textbox|30|80|200|20|1|false||||",
+                         "Anno|Anno|textbox|30|120|200|20|2|false||||"}));
+        QCOMPARE(RecordCollezione(id), QStringList());
         QCOMPARE(m_registro.stati,
                  QStringList({"Sto Creando la collezione...", "Sto creando il campo: Titolo",
                               "Sto creando il campo: Autore", "Sto creando il campo: Anno",
                               "Inserimento Completato."}));
-        QCOMPARE(Righe("select descrizione from collezioni where id=" + QString::number(id)),
+        QCOMPARE(RigheSql("select descrizione from collezioni where id=" + QString::number(id)),
                  QStringList{"desc"});
     }
 
@@ -146,13 +127,13 @@ private Q_SLOTS:
         for (int i = 1; i <= 12; ++i)
             nomi << "c" + QString::number(i);
         Importa(nomi.join('\t').toUtf8() + "\n", "\t");
-        QCOMPARE(Righe("select \"left\",top from campi where nome='c12'"), QStringList{"250|40"});
-        QCOMPARE(Righe("select \"left\",top from campi where nome='c11'"), QStringList{"30|440"});
+        QCOMPARE(RigheSql("select \"left\",top from campi where nome='c12'"), QStringList{"250|40"});
+        QCOMPARE(RigheSql("select \"left\",top from campi where nome='c11'"), QStringList{"30|440"});
     }
 
     void righe_corte_e_vuote() {
         Importa("a,b,c\r\n1,2,3\r\n\r\nsolo,due\r\n4,5,6,7\r\n8,,\r\n", ",");
-        QCOMPARE(Record(Id()), QStringList({"1|2|3", "4|5|6", "8||"}));
+        QCOMPARE(RecordCollezione(Id()), QStringList({"1|2|3", "4|5|6", "8||"}));
         QVERIFY(m_registro.stati.contains("Sto inserendo il record 3"));
         QVERIFY(!m_registro.stati.contains("Sto inserendo il record 4"));
     }
@@ -161,7 +142,7 @@ private Q_SLOTS:
     void nomi_uguali() {
         Importa("Nome;nome;Altro\nx;y;z\n");
         const qint32 id = Id();
-        const QStringList campi = Righe("select id from campi where id_collezione=" + QString::number(id));
+        const QStringList campi = RigheSql("select id from campi where id_collezione=" + QString::number(id));
         QCOMPARE(campi.size(), 3);
         QCOMPARE(ValoriDelCampo(campi.at(0).toInt()), QStringList({"1=x", "1=y"}));
         QCOMPARE(ValoriDelCampo(campi.at(1).toInt()), QStringList());
@@ -181,7 +162,7 @@ private Q_SLOTS:
         } catch (const ErroreDatabase& errore) {
             QCOMPARE(errore.messaggio(), QString("near \"apice\": syntax error"));
         }
-        const QStringList record = Record(Id());
+        const QStringList record = RecordCollezione(Id());
         QCOMPARE(record.size(), ScritturaCollezione::DimensioneLotto + 2);
         QCOMPARE(record.last(), QString("v1002|w"));
         QCOMPARE(m_registro.stati.last(), QString("Sto inserendo il record 1003"));
@@ -191,20 +172,20 @@ private Q_SLOTS:
     // A quote that still makes valid SQL stores what the spliced statement stores.
     void apice_che_resta_sql() {
         Importa("a;b\nx'||'y;z\n");
-        QCOMPARE(Record(Id()), QStringList{"xy|z"});
+        QCOMPARE(RecordCollezione(Id()), QStringList{"xy|z"});
     }
 
     void apice_in_un_nome() {
         QVERIFY_THROWS_EXCEPTION(ErroreDatabase, Importa("l'autore;b\nx;y\n"));
-        QCOMPARE(Righe("select count(*) from campi where id_collezione=" + QString::number(Id())),
+        QCOMPARE(RigheSql("select count(*) from campi where id_collezione=" + QString::number(Id())),
                  QStringList{"2"});
-        QCOMPARE(Record(Id()), QStringList());
+        QCOMPARE(RecordCollezione(Id()), QStringList());
     }
 
     void una_colonna() {
         QCOMPARE(Importa("Titolo\nuno\n"), EsitoImportazione::FormatoNonValido);
         QCOMPARE(m_registro.create.size(), 1);
-        QCOMPARE(Righe("select count(*) from campi where id_collezione=" + QString::number(Id())),
+        QCOMPARE(RigheSql("select count(*) from campi where id_collezione=" + QString::number(Id())),
                  QStringList{"0"});
         QCOMPARE(m_registro.stati, QStringList{"Sto Creando la collezione..."});
     }
@@ -230,9 +211,9 @@ private Q_SLOTS:
     void codifiche() {
         QFETCH(QByteArray, byte);
         Importa(byte);
-        QCOMPARE(Righe("select nome from campi where id_collezione=" + QString::number(Id())),
+        QCOMPARE(RigheSql("select nome from campi where id_collezione=" + QString::number(Id())),
                  QStringList({QString::fromUtf8("Città"), "Prezzo"}));
-        QCOMPARE(Record(Id()), QStringList{QString::fromUtf8("Forlì|12€")});
+        QCOMPARE(RecordCollezione(Id()), QStringList{QString::fromUtf8("Forlì|12€")});
     }
 
     // Every record commits whole in its batch: after a full batch and a part of the next, the store
@@ -244,8 +225,8 @@ private Q_SLOTS:
             testo += QByteArray::number(i) + ";x;y\n";
         Importa(testo);
         QCOMPARE(ContaRecord(Id()), n);
-        QCOMPARE(Righe("select count(*) from valori").value(0).toInt(), n * 3);
-        QCOMPARE(Record(Id()).at(n - 1), QString::number(n) + "|x|y");
+        QCOMPARE(RigheSql("select count(*) from valori").value(0).toInt(), n * 3);
+        QCOMPARE(RecordCollezione(Id()).at(n - 1), QString::number(n) + "|x|y");
     }
 };
 
