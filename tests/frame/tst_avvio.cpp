@@ -203,9 +203,9 @@ private Q_SLOTS:
         InterazioneScriptata script;
         std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
         QCOMPARE(TitoliMenu(frame->menuBar()), QStringList({"Collezione", "Campi"}));
-        QCOMPARE(
-            VociMenu(IstanzaForm1()->mnuCollezioni),
-            QStringList({"Nuova", "Rinomina", "Elimina", "-", "Inserisci Record", "-", "Esegui Ricerca"}));
+        QCOMPARE(VociMenu(IstanzaForm1()->mnuCollezioni),
+                 QStringList({"Nuova", "Rinomina", "Elimina", "-", "Inserisci Record", "Importa...", "-",
+                              "Esegui Ricerca"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi),
                  QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà",
                               "Visualizza in Anteprima"}));

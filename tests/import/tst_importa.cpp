@@ -262,7 +262,9 @@ private Q_SLOTS:
         Osservatore osservatore;
         m_frame->Sbar1->installEventFilter(&osservatore);
         bool inviati = false;
+        QStringList messaggi;
         connect(m_frame->Sbar1, &QStatusBar::messageChanged, this, [&](const QString& messaggio) {
+            messaggi << messaggio;
             if (inviati || !messaggio.startsWith("Sto creando il campo"))
                 return;
             inviati = true;
@@ -285,6 +287,11 @@ private Q_SLOTS:
         VERIFICA_SCRIPT(script);
         QVERIFY(inviati);
         QVERIFY(osservatore.dipinture > 0);
+        QCOMPARE(messaggi.mid(0, 3), QStringList({"Sto Creando la collezione...", "Sto creando il campo: a",
+                                                  "Sto creando il campo: b"}));
+        QCOMPARE(messaggi.last(), QString("Inserimento Completato."));
+        for (const QString& conteggio : messaggi.mid(3, messaggi.size() - 4))
+            QVERIFY2(conteggio.startsWith("Sto inserendo il record "), qPrintable(conteggio));
         QVERIFY(m_frame->isVisible());
         QVERIFY(!IstanzaForm1()->mnuCollezioni->isVisible());
         QCoreApplication::processEvents();
