@@ -366,7 +366,8 @@ private Q_SLOTS:
         ScriviArchivioJet4(
             file,
             {{"giochi", {{"Genere", TipoJet::Testo}, {"giudizio", TipoJet::Booleano}}, {{"Arcade", true}}},
-             {"canzoni", {{"GENERE", TipoJet::Testo}, {"note", TipoJet::Lungo}}, {{"Rock", 3}}}});
+             {"canzoni", {{"GENERE", TipoJet::Testo}, {"note", TipoJet::Lungo}}, {{"Rock", 3}}},
+             {"vuota", {{"x", TipoJet::Testo}}, {}}});
         for (int volta = 0; volta < 2; ++volta) {
             InterazioneScriptata script;
             ScriptArchivio(script, file, "", Scegli("OptTutte"));
@@ -374,7 +375,10 @@ private Q_SLOTS:
             VERIFICA_SCRIPT(script);
         }
         QCOMPARE(RigheSql("select nome from collezioni"),
-                 QStringList({"giochi", "canzoni", "giochi1", "canzoni1"}));
+                 QStringList({"giochi", "canzoni", "vuota", "giochi1", "canzoni1", "vuota1"}));
+        QCOMPARE(RigheSql("select count(*) from campi where id_collezione=" + QString::number(Id("vuota1"))),
+                 QStringList{"1"});
+        QCOMPARE(ContaRecord(Id("vuota1")), 0);
         QCOMPARE(RigheSql("select nome||':'||tipo||':'||special from campi where id_collezione=" +
                           QString::number(Id("giochi1"))),
                  QStringList({"Genere:list:Sparatutto|Simulazione|Arcade|Avventura|Strategico|Sport|Altro",
@@ -383,7 +387,7 @@ private Q_SLOTS:
                           QString::number(Id("canzoni"))),
                  QStringList({"GENERE:list:Pop|Rock|Dance|Classica|Blues|Rap|R&B|Altro", "note:textbox:"}));
         QCOMPARE(RecordCollezione(Id("canzoni1")), QStringList{"Rock|3"});
-        QCOMPARE(Collezioni().count(), 4);
+        QCOMPARE(Collezioni().count(), 6);
     }
 
     void archivio_rifiutato_data() {

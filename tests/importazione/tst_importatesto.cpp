@@ -7,12 +7,14 @@
 #include "erroredatabase.h"
 #include "filetesto.h"
 #include "importatesto.h"
+#include "programma.h"
 #include "routinesql.h"
 #include "scritturacollezione.h"
 
 #include <QFile>
 #include <QtTest>
 #include <memory>
+#include <sqlcipher/sqlite3.h>
 
 namespace {
 
@@ -24,6 +26,44 @@ public:
     }
     QStringList stati;
     QStringList create;
+};
+
+// What another process sees of the store while an import writes: the values and the records
+// committed so far, read through a connection of its own when a given record count is shown.
+class Spettatore final : public Avanzamento, public Importatore {
+public:
+    Spettatore(QString percorso, QString quando)
+        : m_percorso(std::move(percorso))
+        , m_quando(std::move(quando)) {}
+
+    void Stato(const QString& testo) override {
+        if (testo == m_quando)
+            visto = Conta();
+    }
+    void CollezioneCreata(qint32, const QString&) override {}
+
+    QString visto;
+
+private:
+    QString Conta() const {
+        sqlite3* db = nullptr;
+        sqlite3_open_v2(m_percorso.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+        const QByteArray chiave = Programma::PasswordArchivio().toUtf8();
+        sqlite3_key(db, chiave.constData(), static_cast<int>(chiave.size()));
+        sqlite3_stmt* stmt = nullptr;
+        sqlite3_prepare_v2(db, "select count(*), count(distinct numerorecord) from valori", -1, &stmt,
+                           nullptr);
+        QString esito = QStringLiteral("failed: ") + QString::fromUtf8(sqlite3_errmsg(db));
+        if (stmt && sqlite3_step(stmt) == SQLITE_ROW)
+            esito = QString::number(sqlite3_column_int(stmt, 0)) + QLatin1Char('/') +
+                    QString::number(sqlite3_column_int(stmt, 1));
+        sqlite3_finalize(stmt);
+        sqlite3_close(db);
+        return esito;
+    }
+
+    QString m_percorso;
+    QString m_quando;
 };
 
 } // namespace
@@ -214,6 +254,19 @@ private Q_SLOTS:
         QCOMPARE(RigheSql("select nome from campi where id_collezione=" + QString::number(Id())),
                  QStringList({QString::fromUtf8("Città"), "Prezzo"}));
         QCOMPARE(RecordCollezione(Id()), QStringList{QString::fromUtf8("Forlì|12€")});
+    }
+
+    // A kill in the middle of a batch leaves what another connection sees then: whole records of
+    // the batches committed, nothing of the batch in progress.
+    void visto_da_fuori() {
+        QByteArray testo = "a;b;c\n";
+        for (int i = 1; i <= 1600; ++i)
+            testo += QByteArray::number(i) + ";x;y\n";
+        Spettatore spettatore(m_archivio->PercorsoArchivio(), "Sto inserendo il record 1500");
+        ImportaFileTesto(File(testo), ";", "Importata", QString(), spettatore, spettatore);
+        const int lotto = ScritturaCollezione::DimensioneLotto;
+        QCOMPARE(spettatore.visto, QString::number(lotto * 3) + "/" + QString::number(lotto));
+        QCOMPARE(ContaRecord(Id()), 1600);
     }
 
     // Every record commits whole in its batch: after a full batch and a part of the next, the store
