@@ -88,6 +88,9 @@ void ImportaArchivioTarvino(const QString& file, QListWidget& collezioni) {
         return;
     ElencoCollezioni elenco(collezioni);
     ImportazioneInCorso inCorso;
-    for (const QString& tabella : scelta == QLatin1String("tutte") ? tabelle : QStringList{scelta})
+    for (const QString& tabella : scelta == QLatin1String("tutte") ? tabelle : QStringList{scelta}) {
+        if (inCorso.Interrotta())
+            break;
         ImportaTabellaJet(archivio, tabella, inCorso, elenco);
+    }
 }

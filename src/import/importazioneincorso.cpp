@@ -3,7 +3,7 @@
 #include "finestre.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QKeyEvent>
 
 namespace {
 
@@ -68,6 +68,8 @@ bool ImportazioneInCorso::eventFilter(QObject* oggetto, QEvent* evento) {
         evento->ignore();
         return true;
     }
+    if (evento->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape)
+        m_interrotta = true;
     if (InputUtente(evento->type())) {
         evento->accept();
         return true;

@@ -7,7 +7,8 @@
 
 // While an import writes: its progress goes to the frame's status line and the windows repaint,
 // but no input reaches them, so no other command can start inside the import, and the program
-// cannot be closed under it. A stream of record counts is shown a few times a second.
+// cannot be closed under it; only Esc is heard, and stops the import after the record being
+// written. A stream of record counts is shown a few times a second.
 class ImportazioneInCorso final : public QObject, public Avanzamento {
     Q_OBJECT
 
@@ -16,6 +17,7 @@ public:
     ~ImportazioneInCorso() override;
 
     void Stato(const QString& testo) override;
+    bool Interrotta() const override { return m_interrotta; }
 
     // How often a record count reaches the screen.
     static constexpr qint64 IntervalloMs = 50;
@@ -28,4 +30,5 @@ private:
 
     QElapsedTimer m_ultimo;
     QString m_inAttesa;
+    bool m_interrotta = false;
 };

@@ -84,9 +84,8 @@ EsitoImportazione ImportaTabellaJet(ArchivioJet& archivio, const QString& tabell
     ScritturaCollezione scrittura(id, true, avanzamento);
     scrittura.AggiungiCampi(campi);
     QStringList valori;
-    while (sorgente->ProssimaRiga(valori))
+    while (!avanzamento.Interrotta() && sorgente->ProssimaRiga(valori))
         scrittura.AggiungiRecord(valori);
     scrittura.Concludi();
-    avanzamento.Stato(QStringLiteral("Inserimento Completato."));
     return EsitoImportazione::Completata;
 }

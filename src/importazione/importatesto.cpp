@@ -33,12 +33,11 @@ EsitoImportazione ImportaFileTesto(const QString& file, const QString& separator
         return EsitoImportazione::FormatoNonValido;
     ScritturaCollezione scrittura(id, false, avanzamento);
     scrittura.AggiungiCampi(CampiDiTesto(nomi));
-    while (!testo.Fine()) {
+    while (!testo.Fine() && !avanzamento.Interrotta()) {
         const QStringList pezzi = testo.ProssimaRiga().split(separatore);
         if (pezzi.size() >= nomi.size())
             scrittura.AggiungiRecord(pezzi);
     }
     scrittura.Concludi();
-    avanzamento.Stato(QStringLiteral("Inserimento Completato."));
     return EsitoImportazione::Completata;
 }

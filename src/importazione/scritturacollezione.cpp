@@ -47,6 +47,8 @@ void ScritturaCollezione::ChiudiLotto() {
 
 void ScritturaCollezione::Concludi() {
     ChiudiLotto();
+    m_avanzamento.Stato(m_avanzamento.Interrotta() ? TestoInterruzione(m_record)
+                                                   : QStringLiteral("Inserimento Completato."));
 }
 
 void ScritturaCollezione::AggiungiCampi(const QList<CampoImportato>& campi) {

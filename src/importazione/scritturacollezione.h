@@ -39,6 +39,7 @@ public:
     void AggiungiCampi(const QList<CampoImportato>& campi);
     // The next record: one value per field, in the fields' order.
     void AggiungiRecord(const QStringList& valori);
+    // Commits the last batch and shows the closing status text.
     void Concludi();
 
 private:

@@ -300,6 +300,23 @@ private Q_SLOTS:
         QVERIFY(m_frame->isVisible());
     }
 
+    // Esc stops an import: the records before it stay, the status line says so.
+    void interruzione() {
+        connect(m_frame->Sbar1, &QStatusBar::messageChanged, this, [](const QString& messaggio) {
+            if (messaggio == "Sto creando il campo: b")
+                QCoreApplication::postEvent(IstanzaForm1()->List1,
+                                            new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+        });
+        InterazioneScriptata script;
+        ScriptTesto(script, File("a.txt", "a;b\n1;2\n3;4\n"), "Option1", "Fermata");
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(ContaRecord(Id("Fermata")), 0);
+        QCOMPARE(RigheSql("select count(*) from campi where id_collezione=" + QString::number(Id("Fermata"))),
+                 QStringList{"2"});
+        QCOMPARE(Stato(), QString("Importazione interrotta: 0 record inseriti."));
+    }
+
     void archivio_una_tabella() {
         TabellaProva film{"film",
                           {{"Titolo", TipoJet::Testo, true},

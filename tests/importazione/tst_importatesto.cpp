@@ -28,6 +28,20 @@ public:
     QStringList create;
 };
 
+// A user who stops the import once a given record count is shown.
+class Impaziente final : public Avanzamento, public Importatore {
+public:
+    void Stato(const QString& testo) override {
+        stati << testo;
+        fermo = fermo || testo == QStringLiteral("Sto inserendo il record 5");
+    }
+    bool Interrotta() const override { return fermo; }
+    void CollezioneCreata(qint32, const QString&) override {}
+
+    QStringList stati;
+    bool fermo = false;
+};
+
 // What another process sees of the store while an import writes: the values and the records
 // committed so far, read through a connection of its own when a given record count is shown.
 class Spettatore final : public Avanzamento, public Importatore {
@@ -254,6 +268,15 @@ private Q_SLOTS:
         QCOMPARE(RigheSql("select nome from campi where id_collezione=" + QString::number(Id())),
                  QStringList({QString::fromUtf8("Città"), "Prezzo"}));
         QCOMPARE(RecordCollezione(Id()), QStringList{QString::fromUtf8("Forlì|12€")});
+    }
+
+    // A stop keeps the record being written and every one before it.
+    void interruzione() {
+        Impaziente impaziente;
+        ImportaFileTesto(File("a;b\n1;2\n2;3\n3;4\n4;5\n5;6\n6;7\n7;8\n"), ";", "Importata", QString(),
+                         impaziente, impaziente);
+        QCOMPARE(ContaRecord(Id()), 5);
+        QCOMPARE(impaziente.stati.last(), QString("Importazione interrotta: 5 record inseriti."));
     }
 
     // A kill in the middle of a batch leaves what another connection sees then: whole records of
