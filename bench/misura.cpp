@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <algorithm>
 
 namespace {
 
@@ -21,11 +22,15 @@ qint64 UnaVolta(const Operazione& operazione, const std::function<void()>& lato)
 Risultato Misura(const Operazione& operazione, const Opzioni& opzioni) {
     UnaVolta(operazione, operazione.figura);
     UnaVolta(operazione, operazione.pavimento);
+    const int massimo = operazione.ripetizioniMassime > 0
+                            ? std::min(operazione.ripetizioniMassime, opzioni.massimoRipetizioni)
+                            : opzioni.massimoRipetizioni;
+    const int minimo = std::min(massimo, opzioni.minimoRipetizioni);
     QList<qint64> figura, pavimento;
     QElapsedTimer trascorso;
     trascorso.start();
-    while (figura.size() < opzioni.massimoRipetizioni &&
-           (figura.size() < opzioni.minimoRipetizioni || trascorso.nsecsElapsed() < opzioni.budgetNs)) {
+    while (figura.size() < massimo &&
+           (figura.size() < minimo || trascorso.nsecsElapsed() < opzioni.budgetNs)) {
         figura << UnaVolta(operazione, operazione.figura);
         pavimento << UnaVolta(operazione, operazione.pavimento);
     }

@@ -20,6 +20,8 @@ struct Operazione {
     bool perRecord = false;
     // How many times its floor the operation may take; 0: no such target.
     double obiettivo = 3.0;
+    // A cap on the repetitions of a long operation; 0 for none.
+    int ripetizioniMassime = 0;
 };
 
 struct Risultato {

@@ -1,6 +1,9 @@
 #include "operazioni.h"
 
 #include "archivio.h"
+#include "archiviojet.h"
+#include "archiviojetprova.h"
+#include "avanzamento.h"
 #include "casellafigura.h"
 #include "comandostampa.h"
 #include "costruisciform.h"
@@ -9,6 +12,8 @@
 #include "frmfind.h"
 #include "frmpreview.h"
 #include "frmrecord.h"
+#include "importaarchivio.h"
+#include "importatesto.h"
 #include "mappacampi.h"
 #include "navigazione.h"
 #include "pavimento.h"
@@ -21,6 +26,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <cmath>
 #include <memory>
 #include <stdexcept>
@@ -214,6 +220,143 @@ Operazione AnteprimaStampa(Banco& b) {
     return o;
 }
 
+// What both imports read: a file of as many lines as the store has records, ten columns each, as a
+// ";"-separated text file and as a table of a Jet 4 archive, and the same values for the floor.
+struct Fonti {
+    QTemporaryDir cartella;
+    QString testo;
+    QString archivio;
+    QStringList nomi;
+    QByteArrayList valori;
+};
+
+QString Pezzo(qint32 riga, int colonna) {
+    return QStringLiteral("valore %1 della colonna %2").arg(riga).arg(colonna);
+}
+
+std::shared_ptr<Fonti> CreaFonti(qint32 righe) {
+    auto fonti = std::make_shared<Fonti>();
+    for (int k = 0; k < 10; ++k)
+        fonti->nomi << QStringLiteral("Colonna%1").arg(k);
+    TabellaProva tabella{QStringLiteral("importata"), {}, {}};
+    for (const QString& nome : std::as_const(fonti->nomi))
+        tabella.colonne.append({nome, TipoJet::Testo});
+    QByteArray testo = fonti->nomi.join(QLatin1Char(';')).toUtf8() + "\r\n";
+    for (qint32 r = 1; r <= righe; ++r) {
+        QStringList pezzi;
+        for (int k = 0; k < 10; ++k)
+            pezzi << Pezzo(r, k);
+        for (const QString& pezzo : std::as_const(pezzi))
+            fonti->valori << pezzo.toUtf8();
+        testo += pezzi.join(QLatin1Char(';')).toUtf8() + "\r\n";
+        tabella.righe.append(QVariantList(pezzi.cbegin(), pezzi.cend()));
+    }
+    fonti->testo = fonti->cartella.filePath(QStringLiteral("importata.txt"));
+    QFile file(fonti->testo);
+    Richiedi(file.open(QIODevice::WriteOnly) && file.write(testo) == testo.size(),
+             "the text source was not written");
+    fonti->archivio = fonti->cartella.filePath(QStringLiteral("importata.dat"));
+    ScriviArchivioJet4(fonti->archivio, {tabella});
+    return fonti;
+}
+
+class Silenzio final : public Avanzamento, public Importatore {
+public:
+    void Stato(const QString&) override {}
+    void CollezioneCreata(qint32, const QString&) override {}
+};
+
+// Puts the store back to the bench's own collections after an import or its floor.
+void TogliImportate(Banco& b, qint32 righe) {
+    Recordset rs = Database().ApriRecordset(
+        QStringLiteral("select id from collezioni where nome in ('importata','Importata','Pavimento')"));
+    QList<qint32> ids;
+    for (; !rs.Fine(); rs.Successivo())
+        ids << rs.Campo(0).toInt();
+    rs.Chiudi();
+    Richiedi(ids.size() == 1, "an import or its floor did not make exactly one collection");
+    Richiedi(ContaRecord(ids.first()) == righe, "an import or its floor did not store every line");
+    b.pavimento.TogliCollezione(ids.first());
+}
+
+// libmdb's own read of the table, as its export program reads it: every column bound as text.
+qint32 LeggiConLibmdb(const QString& percorso) {
+    MdbHandle* archivio = mdb_open(QFile::encodeName(percorso).constData(), MDB_NOFLAGS);
+    Richiedi(archivio && mdb_read_catalog(archivio, MDB_TABLE), "libmdb did not open the archive");
+    MdbTableDef* tabella = mdb_read_table_by_name(archivio, const_cast<gchar*>("importata"), MDB_TABLE);
+    Richiedi(tabella && mdb_read_columns(tabella), "libmdb did not read the table");
+    QList<QByteArray> legati(static_cast<qsizetype>(tabella->num_cols), QByteArray(MDB_BIND_SIZE, '\0'));
+    for (unsigned int i = 0; i < tabella->num_cols; ++i)
+        mdb_bind_column(tabella, static_cast<int>(i + 1), legati[i].data(), nullptr);
+    mdb_rewind_table(tabella);
+    qint32 righe = 0;
+    while (mdb_fetch_row(tabella))
+        ++righe;
+    mdb_free_tabledef(tabella);
+    mdb_close(archivio);
+    return righe;
+}
+
+void LeggiFile(const QString& percorso) {
+    QFile file(percorso);
+    Richiedi(file.open(QIODevice::ReadOnly) && !file.readAll().isEmpty(),
+             "the archive's bytes were not read");
+}
+
+constexpr int RipetizioniImport = 3;
+
+Operazione ImportaTesto(Banco& b, const std::shared_ptr<Fonti>& fonti) {
+    Operazione o{QStringLiteral("text import, a line per record x 10 columns (ImportaFileTesto)"),
+                 [fonti] {
+                     Silenzio silenzio;
+                     Richiedi(ImportaFileTesto(fonti->testo, QStringLiteral(";"), QStringLiteral("Importata"),
+                                               QString(), silenzio,
+                                               silenzio) == EsitoImportazione::Completata,
+                              "the text import did not complete");
+                 },
+                 [&b, fonti] { b.pavimento.Importazione(fonti->nomi, fonti->valori); }, [] {},
+                 [&b] { TogliImportate(b, b.record); }};
+    o.obiettivo = 2.0;
+    o.perRecord = true;
+    o.scala = 1.5;
+    o.ripetizioniMassime = RipetizioniImport;
+    return o;
+}
+
+// The floor is the text import's floor plus libmdb's own read of the table.
+Operazione ImportaArchivio(Banco& b, const std::shared_ptr<Fonti>& fonti) {
+    Operazione o{QStringLiteral("legacy import, a row per record x 10 columns (ImportaTabellaJet)"),
+                 [fonti] {
+                     Silenzio silenzio;
+                     ArchivioJet archivio(fonti->archivio, QString());
+                     Richiedi(ImportaTabellaJet(archivio, QStringLiteral("importata"), silenzio, silenzio) ==
+                                  EsitoImportazione::Completata,
+                              "the legacy import did not complete");
+                 },
+                 [&b, fonti] {
+                     Richiedi(LeggiConLibmdb(fonti->archivio) == b.record,
+                              "libmdb read another number of rows");
+                     b.pavimento.Importazione(fonti->nomi, fonti->valori);
+                 },
+                 [] {}, [&b] { TogliImportate(b, b.record); }};
+    o.obiettivo = 3.0;
+    o.ripetizioniMassime = RipetizioniImport;
+    return o;
+}
+
+// For reference, no target: libmdb reading the table beside reading the file's bytes.
+Operazione LetturaLibmdb(Banco& b, const std::shared_ptr<Fonti>& fonti) {
+    Operazione o{QStringLiteral("libmdb's own read of that table (floor: the file's bytes read)"),
+                 [&b, fonti] {
+                     Richiedi(LeggiConLibmdb(fonti->archivio) == b.record,
+                              "libmdb read another number of rows");
+                 },
+                 [fonti] { LeggiFile(fonti->archivio); }};
+    o.obiettivo = 0;
+    o.ripetizioniMassime = RipetizioniImport;
+    return o;
+}
+
 } // namespace
 
 qint32 RecordNonCaricato(Banco& banco) {
@@ -225,6 +368,7 @@ qint32 RecordNonCaricato(Banco& banco) {
 }
 
 QList<Operazione> Operazioni(Banco& b) {
+    const std::shared_ptr<Fonti> fonti = CreaFonti(b.record);
     return {Inserimento(b), Caricamento(b, QStringLiteral("first"), 1),
             Caricamento(b, QStringLiteral("middle"), Mezzo(b)),
             Caricamento(b, QStringLiteral("last"), b.record),
@@ -237,5 +381,6 @@ QList<Operazione> Operazioni(Banco& b) {
             Ricerca(b, QStringLiteral("search, whole value (one record)"),
                     DefinizioniCampi().at(0).valore(b.record / 4), true, 1.5),
             Ricerca(b, QStringLiteral("search matching every record"), QStringLiteral("Titolo"), false, 3.0),
-            Disposizione(b), Esportazione(b), AnteprimaStampa(b)};
+            Disposizione(b), Esportazione(b), AnteprimaStampa(b), ImportaTesto(b, fonti),
+            ImportaArchivio(b, fonti), LetturaLibmdb(b, fonti)};
 }

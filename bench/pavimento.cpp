@@ -36,6 +36,12 @@ Pavimento::Pavimento(const CollezioneBench& collezione)
     , m_togli(QStringLiteral("delete from valori where numerorecord>?2 and ") + CampiDellaCollezione())
     , m_disposizione(QStringLiteral("update campi set \"left\"=?3, top=?4, height=?5, width=?6 "
                                     "where id=?2 and id_collezione=?1"))
+    , m_nuovaCollezione(
+          QStringLiteral("insert into collezioni (nome, descrizione, data_creazione) values (?1, '', ?2)"))
+    , m_campo(QStringLiteral(
+          "insert into campi (id_collezione, nome, etichetta, tipo, \"left\", top, width, height, "
+          "tabindex, required, \"default\", formula, special, tooltip) "
+          "values (?1, ?2, ?2, 'textbox', 30, ?3, 200, 20, ?4, 'false', '', '', '', '')"))
     , m_inizia(QStringLiteral("begin"))
     , m_conferma(QStringLiteral("commit"))
     , m_esporta(
@@ -188,4 +194,34 @@ int Pavimento::Schede(qint32 n) {
 
 void Pavimento::SvuotaCache() {
     sqlite3_db_release_memory(m_campi.Connessione());
+}
+
+qint32 Pavimento::Importazione(const QStringList& nomi, const QByteArrayList& valori) {
+    m_inizia.Esegui();
+    m_nuovaCollezione.Lega(1, QByteArray("Pavimento")).Lega(2, m_oggi).Esegui();
+    const qint64 id = sqlite3_last_insert_rowid(m_nuovaCollezione.Connessione());
+    QList<qint64> campi;
+    for (qsizetype k = 0; k < nomi.size(); ++k) {
+        m_campo.Lega(1, id).Lega(2, nomi.at(k).toUtf8()).Lega(3, 40 * (k + 1)).Lega(4, k).Esegui();
+        campi << sqlite3_last_insert_rowid(m_campo.Connessione());
+    }
+    for (qsizetype i = 0; i < valori.size(); ++i)
+        m_inserisci.Lega(1, campi.at(i % campi.size()))
+            .Lega(2, valori.at(i))
+            .Lega(3, m_oggi)
+            .Lega(4, i / campi.size() + 1)
+            .Esegui();
+    m_conferma.Esegui();
+    return static_cast<qint32>(id);
+}
+
+void Pavimento::TogliCollezione(qint32 id) {
+    m_inizia.Esegui();
+    Istruzione(
+        QStringLiteral("delete from valori where id_campo in (select id from campi where id_collezione=?1)"))
+        .Lega(1, id)
+        .Esegui();
+    Istruzione(QStringLiteral("delete from campi where id_collezione=?1")).Lega(1, id).Esegui();
+    Istruzione(QStringLiteral("delete from collezioni where id=?1")).Lega(1, id).Esegui();
+    m_conferma.Esegui();
 }

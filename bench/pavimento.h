@@ -39,6 +39,12 @@ public:
     // The field rows of records 1 to n with their labels and types, each record in name order, as the
     // print layouts read them; answers the rows read.
     int Schede(qint32 n);
+    // An import's least SQL: the collection row, its field rows and every value of `valori` (row
+    // after row, one per name), each kind of row through one prepared statement, in one
+    // transaction. Answers the new collection's id.
+    qint32 Importazione(const QStringList& nomi, const QByteArrayList& valori);
+    // Not a floor: removes a collection with its field and value rows.
+    void TogliCollezione(qint32 id);
 
 private:
     CollezioneBench m_collezione;
@@ -52,6 +58,8 @@ private:
     Istruzione m_rinumera;
     Istruzione m_togli;
     Istruzione m_disposizione;
+    Istruzione m_nuovaCollezione;
+    Istruzione m_campo;
     Istruzione m_inizia;
     Istruzione m_conferma;
     Istruzione m_esporta;

@@ -11,6 +11,7 @@
 #include "confine.h"
 #include "esportacollezione.h"
 #include "grigliaproprieta.h"
+#include "importa.h"
 #include "interazione.h"
 #include "listecontrolli.h"
 #include "routinesql.h"
@@ -105,6 +106,7 @@ void Form1::CreaMenu() {
     mnuEsporta1->menuAction()->setObjectName(QStringLiteral("mnuEsporta1"));
     mnuEsporta = Voce(mnuEsporta1, "mnuEsporta", QStringLiteral("Esporta &Collezione"));
     mnuEsportaModello = Voce(mnuEsporta1, "mnuEsportaModello", QStringLiteral("Esporta &Modello"));
+    mnuImportaStrutturaeDati = Voce(mnuCollezioni, "mnuImportaStrutturaeDati", QStringLiteral("Importa..."));
     mnuStampa = Voce(mnuCollezioni, "mnuStampa", QStringLiteral("Stampa..."));
     mnuCollezioni->addSeparator()->setObjectName(QStringLiteral("mnusep4"));
     mnuEseguiRicerca = Voce(mnuCollezioni, "mnuEseguiRicerca", QStringLiteral("Esegui Ricerca"));
@@ -136,6 +138,8 @@ void Form1::CollegaEventi() {
     connect(mnuEsporta, &QAction::triggered, this,
             Protetto([this] { EsportaCollezione(this, m_idCollezione); }));
     connect(mnuStampa, &QAction::triggered, this, Protetto([this] { ApriStampa(m_idCollezione, this); }));
+    connect(mnuImportaStrutturaeDati, &QAction::triggered, this,
+            Protetto([this] { ImportaStrutturaeDati(*List1); }));
     connect(mnuEseguiRicerca, &QAction::triggered, this, Protetto([this] { mnuEseguiRicerca_Click(); }));
     connect(mnuBackup, &QAction::triggered, this, Protetto([this] { Backup(this); }));
     connect(mnuRestore, &QAction::triggered, this, Protetto([this] { Restore(this); }));

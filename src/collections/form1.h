@@ -43,6 +43,7 @@ public:
     QAction* mnuEsporta;
     QAction* mnuEsportaModello;
     QAction* mnuStampa;
+    QAction* mnuImportaStrutturaeDati;
     QAction* mnuEseguiRicerca;
     QAction* mnuBackup;
     QAction* mnuRestore;

@@ -64,12 +64,12 @@ QByteArray InCp1252(const QString& testo) {
     return byte;
 }
 
-QString DaCp1252(const QByteArray& byte) {
-    QString testo;
-    testo.reserve(byte.size());
-    for (const char b : byte) {
-        const auto u = static_cast<unsigned char>(b);
-        testo.append(u >= 0x80 && u <= 0x9F ? QChar(Alti.at(u - 0x80)) : QChar(static_cast<char16_t>(u)));
+QString DaCp1252(QByteArrayView byte) {
+    QString testo(byte.size(), Qt::Uninitialized);
+    QChar* scritto = testo.data();
+    for (const char c : byte) {
+        const auto u = static_cast<unsigned char>(c);
+        *scritto++ = QChar(u >= 0x80 && u <= 0x9F ? Alti.at(u - 0x80) : char16_t{u});
     }
     return testo;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
@@ -13,7 +14,7 @@ bool Cp1252Contiene(const QString& testo);
 QByteArray InCp1252(const QString& testo);
 // The same, appended to a buffer being filled; false when some character had no byte.
 bool AccodaCp1252(QStringView testo, QByteArray& destinazione);
-QString DaCp1252(const QByteArray& byte);
+QString DaCp1252(QByteArrayView byte);
 
 // True when the bytes are valid UTF-8 holding at least one character beyond ASCII: the case in which
 // the two readings differ and UTF-8 is taken.

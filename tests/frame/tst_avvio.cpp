@@ -205,7 +205,8 @@ private Q_SLOTS:
         QCOMPARE(TitoliMenu(frame->menuBar()), QStringList({"Collezione", "Campi"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCollezioni),
                  QStringList({"Nuova", "Nuova da Modello...", "Rinomina", "Elimina", "-", "Inserisci Record",
-                              "-", "Esporta", "Stampa...", "-", "Esegui Ricerca", "-", "Backup", "Restore"}));
+                              "-", "Esporta", "Importa...", "Stampa...", "-", "Esegui Ricerca", "-", "Backup",
+                              "Restore"}));
         QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi),
                  QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà",
                               "Visualizza in Anteprima"}));

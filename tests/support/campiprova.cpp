@@ -45,3 +45,22 @@ QStringList ValoriDelCampo(qint32 idCampo) {
         valori << rs.Campo(0).toString() + QLatin1Char('=') + rs.Campo(1).toString();
     return valori;
 }
+
+QStringList RigheSql(const QString& sql) {
+    QStringList righe;
+    for (Recordset rs = Database().ApriRecordset(sql); !rs.Fine(); rs.Successivo()) {
+        QStringList celle;
+        for (int i = 0; i < rs.NumeroColonne(); ++i)
+            celle << rs.Campo(i).toString();
+        righe << celle.join(QLatin1Char('|'));
+    }
+    return righe;
+}
+
+QStringList RecordCollezione(qint32 idCollezione) {
+    return RigheSql(
+        QStringLiteral("select group_concat(valore, '|') from (select v.numerorecord, v.valore from "
+                       "valori v join campi c on c.id = v.id_campo where c.id_collezione = %1 order by "
+                       "v.numerorecord, c.id) group by numerorecord order by numerorecord")
+            .arg(idCollezione));
+}

@@ -10,3 +10,7 @@ qint32 AggiungiCampo(qint32 idCollezione, const QVariantHash& colonne);
 void ScriviValore(qint32 idCampo, qint32 numeroRecord, const QString& valore);
 // The stored values of a field, in record-number order, as "n=valore".
 QStringList ValoriDelCampo(qint32 idCampo);
+// The rows a query answers, the columns of each joined by "|".
+QStringList RigheSql(const QString& sql);
+// A collection's records in record-number order, each its values in field order joined by "|".
+QStringList RecordCollezione(qint32 idCollezione);

@@ -1,0 +1,454 @@
+#include "archiviojetprova.h"
+#include "archiviotemporaneo.h"
+#include "campiprova.h"
+#include "interazionescriptata.h"
+
+#include "aprirecord.h"
+#include "archivio.h"
+#include "form1.h"
+#include "frmimportaext1.h"
+#include "frmmain.h"
+#include "frmrecord.h"
+#include "frmsceglitabellatarvino.h"
+#include "frmtipofiledaimportare.h"
+#include "listecontrolli.h"
+#include "routinesql.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStatusBar>
+#include <QtTest>
+#include <memory>
+
+namespace {
+
+void Cattura(QWidget& finestra, const QString& nome) {
+    const QString cartella = qEnvironmentVariable("ORVIX_CATTURE");
+    if (!cartella.isEmpty())
+        finestra.grab().save(cartella + "/" + nome + ".png");
+}
+
+// The dialog's option chosen as a person does, then a button pressed.
+std::function<void(QDialog&)> Scegli(const char* opzione, const char* pulsante = "OKButton") {
+    return [opzione, pulsante](QDialog& d) {
+        if (opzione)
+            d.findChild<QRadioButton*>(QString::fromLatin1(opzione))->click();
+        d.findChild<QPushButton*>(QString::fromLatin1(pulsante))->click();
+    };
+}
+
+// Counts repaints of a widget and tries to reach the program while an import runs.
+class Osservatore final : public QObject {
+public:
+    int dipinture = 0;
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override {
+        if (evento->type() == QEvent::Paint)
+            ++dipinture;
+        return QObject::eventFilter(oggetto, evento);
+    }
+};
+
+} // namespace
+
+// "Importa..." in the frame, as a person uses it: the source-type dialog, the file dialog, the
+// text or legacy-archive path with its prompts, and the collections list, status line and record
+// window afterwards.
+class TestImporta final : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<ArchivioTemporaneo> m_archivio;
+    std::unique_ptr<frmMAIN> m_frame;
+
+    QListWidget& Collezioni() { return *IstanzaForm1()->List1; }
+    QString Stato() { return m_frame->Sbar1->currentMessage(); }
+
+    QStringList Elencate() {
+        QStringList nomi;
+        for (int i = 0; i < Collezioni().count(); ++i)
+            nomi << Collezioni().item(i)->text() + "=" + Collezioni().item(i)->data(Qt::UserRole).toString();
+        return nomi;
+    }
+
+    QString File(const QString& nome, const QByteArray& byte) {
+        const QString percorso = m_archivio->Cartella() + "/" + nome;
+        QFile file(percorso);
+        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        file.write(byte);
+        return percorso;
+    }
+
+    qint32 Id(const QString& nome) {
+        return RigheSql("select id from collezioni where nome='" + nome + "'").value(0).toInt();
+    }
+
+    void ScriptTesto(InterazioneScriptata& script, const QString& file, const char* separatore,
+                     const QString& nome) {
+        script.Modale(Scegli("OptFile"))
+            .File(file)
+            .Modale(Scegli(separatore))
+            .Digita(nome)
+            .Digita("una descrizione");
+    }
+
+    void ScriptArchivio(InterazioneScriptata& script, const QString& file, const QString& password,
+                        const std::function<void(QDialog&)>& scelta) {
+        script.Modale(Scegli("OptAir")).File(file).Digita(password).Modale(scelta);
+    }
+
+private Q_SLOTS:
+    void initTestCase() { UsaLocaleItaliano(); }
+
+    void init() {
+        m_archivio = std::make_unique<ArchivioTemporaneo>();
+        m_frame = std::make_unique<frmMAIN>();
+        CaricaCollezioniInLista(Collezioni());
+        m_frame->show();
+    }
+
+    void cleanup() {
+        m_frame.reset();
+        m_archivio.reset();
+    }
+
+    void menu() {
+        QStringList voci;
+        for (const QAction* azione : IstanzaForm1()->mnuCollezioni->actions())
+            voci << azione->objectName() + ":" + azione->text();
+        const qsizetype importa = voci.indexOf("mnuImportaStrutturaeDati:Importa...");
+        QVERIFY(importa > 0);
+        QCOMPARE(voci.at(importa + 1), QString("mnuStampa:Stampa..."));
+        QCOMPARE(voci.at(importa - 1), QString("mnuEsporta1:Esporta"));
+    }
+
+    void dialoghi() {
+        frmTipoFileDaImportare tipo;
+        tipo.show();
+        QCOMPARE(tipo.windowTitle(), QString("Seleziona il tipo di File dal quale intendi partire..."));
+        QCOMPARE(tipo.OptFile->text(),
+                 QString("File di testo (es. tabella esportata da programmi quali Excel, Access...)"));
+        QCOMPARE(tipo.OptAir->text(), QString("Collezione di Tarvino"));
+        QCOMPARE(tipo.CancelButton->text(), QString("Annulla"));
+        Cattura(tipo, "frmTipoFileDaImportare");
+        tipo.OptAir->click();
+        tipo.OKButton->click();
+        QCOMPARE(tipo.Risultato(), QString("dat"));
+        tipo.OptFile->click();
+        tipo.OKButton->click();
+        QCOMPARE(tipo.Risultato(), QString("txt"));
+        tipo.CancelButton->click();
+        QCOMPARE(tipo.Risultato(), QString());
+
+        frmImportaExt1 separatore;
+        separatore.show();
+        QCOMPARE(separatore.windowTitle(), QString("Che tipo di file si intende importare?"));
+        QVERIFY(separatore.Option1->isChecked());
+        QCOMPARE(separatore.Option3->text(), QString("Record separati da  TAB  (tabulatore)"));
+        QVERIFY(separatore.Label1->text().endsWith("supportati da Orvix for Tarvino"));
+        Cattura(separatore, "frmImportaExt1");
+        QStringList risultati;
+        for (QRadioButton* opzione : {separatore.Option1, separatore.Option2, separatore.Option3}) {
+            opzione->click();
+            separatore.OKButton->click();
+            risultati << separatore.Risultato();
+        }
+        QCOMPARE(risultati, QStringList({";", ",", "\t"}));
+        separatore.show();
+        separatore.close();
+        QCOMPARE(separatore.Risultato(), QString());
+
+        frmScegliTabellaTarvino tabelle({"film", "canzoni"});
+        tabelle.show();
+        Cattura(tabelle, "frmScegliTabellaTarvino");
+        QCOMPARE(tabelle.cmbTabelle->currentText(), QString("film"));
+        tabelle.OKButton->click();
+        QCOMPARE(tabelle.Risultato(), QString("film"));
+        tabelle.OptTutte->click();
+        tabelle.OKButton->click();
+        QCOMPARE(tabelle.Risultato(), QString("tutte"));
+    }
+
+    // A file written as the text export writes it (TAB, CR LF, Windows-1252) reads back into the
+    // same names and values, all text boxes, listed at once with the status line at its end.
+    void testo_dal_menu() {
+        const QString file = File("esportata.txt", "Titolo\tCitt\xE0\tNote\r\nIl nome\tForl\xEC\t\r\n"
+                                                   "Due\tRoma\tcon;punto e, virgola\r\n");
+        InterazioneScriptata script;
+        ScriptTesto(script, file, "Option3", "Libri");
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        const InterazioneScriptata::Richiesta& dialogo = script.Richieste().at(1);
+        QCOMPARE(dialogo.file.titolo, QString("Scegli il file..."));
+        QVERIFY(dialogo.file.apertura);
+        QCOMPARE(dialogo.file.filtri,
+                 (QList<QPair<QString, QString>>{{"File Database", "*.txt"}, {"Tutti i files", "*.*"}}));
+        QCOMPARE(script.Richieste().at(3).messaggio.testo,
+                 QString("Digita il nome della Collezione che intendi Importare?"));
+        QCOMPARE(script.Richieste().at(3).messaggio.titolo, QString("Nome collezione?"));
+        const qint32 id = Id("Libri");
+        QCOMPARE(Elencate(), QStringList{"Libri=" + QString::number(id)});
+        QCOMPARE(RigheSql("select nome||':'||tipo from campi where id_collezione=" + QString::number(id)),
+                 QStringList({"Titolo:textbox", QString::fromUtf8("Città:textbox"), "Note:textbox"}));
+        QCOMPARE(RecordCollezione(id),
+                 QStringList({QString::fromUtf8("Il nome|Forlì|"), "Due|Roma|con;punto e, virgola"}));
+        QCOMPARE(Stato(), QString("Inserimento Completato."));
+    }
+
+    void annullamenti_data() {
+        QTest::addColumn<int>("passi");
+        QTest::newRow("source type cancelled") << 1;
+        QTest::newRow("no file chosen") << 2;
+        QTest::newRow("separator cancelled") << 3;
+        QTest::newRow("no name") << 4;
+    }
+
+    void annullamenti() {
+        QFETCH(int, passi);
+        InterazioneScriptata script;
+        script.Modale(passi == 1 ? Scegli(nullptr, "CancelButton") : Scegli("OptFile"));
+        if (passi >= 2)
+            script.File(passi == 2 ? QString() : File("a.txt", "a;b\n1;2\n"));
+        if (passi >= 3)
+            script.Modale(passi == 3 ? Scegli(nullptr, "CancelButton") : Scegli("Option1"));
+        if (passi >= 4)
+            script.Digita("");
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(RigheSql("select count(*) from collezioni"), QStringList{"0"});
+        QCOMPARE(Collezioni().count(), 0);
+    }
+
+    void formato_non_valido() {
+        InterazioneScriptata script;
+        ScriptTesto(script, File("a.txt", "Titolo\nuno\n"), "Option1", "Vuota");
+        script.Rispondi(Risposta::Ok);
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(Descrivi(script.Richieste().last().messaggio),
+                 QString("Formato File non valido! | Orvix | 1"));
+        QCOMPARE(Elencate(), QStringList{"Vuota=" + QString::number(Id("Vuota"))});
+        QCOMPARE(RigheSql("select count(*) from campi"), QStringList{"0"});
+    }
+
+    // The engine's error is shown at the failing record; the records before it stay.
+    void apice() {
+        InterazioneScriptata script;
+        ScriptTesto(script, File("a.txt", "a,b\n1,2\n3,4\nl'ultimo,5\n6,7\n"), "Option2", "Apici");
+        script.Rispondi(Risposta::Ok);
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(Descrivi(script.Richieste().last().messaggio),
+                 QString("near \"ultimo\": syntax error | Orvix | 11"));
+        QCOMPARE(RecordCollezione(Id("Apici")), QStringList({"1|2", "3|4"}));
+        QCOMPARE(Stato(), QString("Sto inserendo il record 3"));
+        QCOMPARE(Collezioni().count(), 1);
+    }
+
+    // While the import writes, the windows repaint, but a key, a click or a close request reaches
+    // nothing: no command starts inside it and the frame stays open.
+    void nessun_comando_durante() {
+        QByteArray testo = "a;b\n";
+        for (int i = 0; i < 3000; ++i)
+            testo += "x;y\n";
+        Osservatore osservatore;
+        m_frame->Sbar1->installEventFilter(&osservatore);
+        bool inviati = false;
+        QStringList messaggi;
+        connect(m_frame->Sbar1, &QStatusBar::messageChanged, this, [&](const QString& messaggio) {
+            messaggi << messaggio;
+            if (inviati || !messaggio.startsWith("Sto creando il campo"))
+                return;
+            inviati = true;
+            osservatore.dipinture = 0;
+            QWidget* lista = Collezioni().viewport();
+            QCoreApplication::postEvent(&Collezioni(),
+                                        new QKeyEvent(QEvent::KeyRelease, Qt::Key_Delete, Qt::NoModifier));
+            QCoreApplication::postEvent(lista,
+                                        new QMouseEvent(QEvent::MouseButtonRelease, QPointF(5, 5),
+                                                        lista->mapToGlobal(QPointF(5, 5)), Qt::RightButton,
+                                                        Qt::NoButton, Qt::NoModifier));
+            QCoreApplication::postEvent(m_frame.get(), new QCloseEvent);
+        });
+        CreaCollezione("Altra", QString());
+        CaricaCollezioniInLista(Collezioni());
+        Collezioni().setCurrentRow(0); // a Delete key would ask to delete it
+        InterazioneScriptata script;
+        ScriptTesto(script, File("a.txt", testo), "Option1", "Grande");
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QVERIFY(inviati);
+        QVERIFY(osservatore.dipinture > 0);
+        QCOMPARE(messaggi.mid(0, 3), QStringList({"Sto Creando la collezione...", "Sto creando il campo: a",
+                                                  "Sto creando il campo: b"}));
+        QCOMPARE(messaggi.last(), QString("Inserimento Completato."));
+        for (const QString& conteggio : messaggi.mid(3, messaggi.size() - 4))
+            QVERIFY2(conteggio.startsWith("Sto inserendo il record "), qPrintable(conteggio));
+        QVERIFY(m_frame->isVisible());
+        QVERIFY(!IstanzaForm1()->mnuCollezioni->isVisible());
+        QCoreApplication::processEvents();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(ContaRecord(Id("Grande")), 3000);
+        QVERIFY(m_frame->isVisible());
+    }
+
+    // Esc stops an import: the records before it stay, the status line says so.
+    void interruzione() {
+        connect(m_frame->Sbar1, &QStatusBar::messageChanged, this, [](const QString& messaggio) {
+            if (messaggio == "Sto creando il campo: b")
+                QCoreApplication::postEvent(IstanzaForm1()->List1,
+                                            new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+        });
+        InterazioneScriptata script;
+        ScriptTesto(script, File("a.txt", "a;b\n1;2\n3;4\n"), "Option1", "Fermata");
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(ContaRecord(Id("Fermata")), 0);
+        QCOMPARE(RigheSql("select count(*) from campi where id_collezione=" + QString::number(Id("Fermata"))),
+                 QStringList{"2"});
+        QCOMPARE(Stato(), QString("Importazione interrotta: 0 record inseriti."));
+    }
+
+    void archivio_una_tabella() {
+        TabellaProva film{"film",
+                          {{"Titolo", TipoJet::Testo, true},
+                           {"Genere", TipoJet::Testo},
+                           {"Giudizio", TipoJet::Lungo},
+                           {"Visto", TipoJet::Booleano},
+                           {"Immagine", TipoJet::Testo},
+                           {"Trama", TipoJet::Memo},
+                           {"Uscita", TipoJet::DataOra},
+                           {"Prezzo", TipoJet::Doppio}},
+                          {{"L'ultimo", "2", 7, true, "/img/a.jpg", "C'era una volta",
+                            QDateTime(QDate(1987, 10, 23), {}), 12.5},
+                           {"Secondo", "0", 3, false, QVariant(), QVariant(), QVariant(), 1987.0}}};
+        TabellaProva vuota{"MSysAltro", {{"x", TipoJet::Testo}}, {}};
+        const QString file = m_archivio->Cartella() + "/archivio.dat";
+        ScriviArchivioJet4(file, {vuota, film, {"Canzoni", {{"Genere", TipoJet::Testo}}, {}}}, "segreta");
+        CreaCollezione("FILM", QString());
+        CaricaCollezioniInLista(Collezioni());
+        InterazioneScriptata script;
+        QStringList elencate;
+        ScriptArchivio(script, file, "segreta", [&](QDialog& d) {
+            auto& scelta = static_cast<frmScegliTabellaTarvino&>(d);
+            for (int i = 0; i < scelta.cmbTabelle->count(); ++i)
+                elencate << scelta.cmbTabelle->itemText(i);
+            scelta.OKButton->click();
+        });
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(elencate, QStringList({"film", "Canzoni"}));
+        QCOMPARE(script.Richieste().at(1).file.filtri.at(0).second, QString("*.dat"));
+        QCOMPARE(script.Richieste().at(2).messaggio.testo,
+                 QString("Inserire la password di protezione (se necessaria):"));
+        const qint32 id = Id("film1");
+        QVERIFY(id > 0);
+        QCOMPARE(Elencate().last(), "film1=" + QString::number(id));
+        QCOMPARE(RigheSql("select descrizione from collezioni where id=" + QString::number(id)),
+                 QStringList{"film Importati da Tarvino"});
+        QCOMPARE(
+            RigheSql("select nome,etichetta,tipo,special,required,tabindex,\"left\",top from campi where "
+                     "id_collezione=" +
+                     QString::number(id)),
+            QStringList(
+                {"Titolo|Titolo|textbox||true|0|30|40",
+                 "Genere|Genere|list|Thriller|Commedia|Sentimentale|Drammatico|Storico|Avventura|Sexy|"
+                 "Horror|false|1|30|80",
+                 "Giudizio|Giudizio|slider|1|10|false|2|30|120", "Visto|Visto|checkbox||false|3|30|160",
+                 "Immagine|Immagine|image|true|false|4|30|200", "Trama|Trama|memo||false|5|30|240",
+                 "Uscita|Uscita|textbox||false|6|30|280", "Prezzo|Prezzo|textbox||false|7|30|320"}));
+        QCOMPARE(RecordCollezione(id),
+                 QStringList(
+                     {"L'ultimo|2|7|1|/img/a.jpg|C'era una volta|23/10/1987|12,5", "Secondo|0|3|0||||1987"}));
+        QCOMPARE(Stato(), QString("Inserimento Completato."));
+        ApriRecord(id, 1);
+        QList<QCheckBox*> caselle = FinestraRecord().findChildren<QCheckBox*>();
+        caselle.removeIf([](const QCheckBox* c) { return c->isHidden(); }); // the array's template
+        QCOMPARE(caselle.size(), 1);
+        QVERIFY(caselle.at(0)->isChecked());
+        FinestraRecord().Toolbar1_ButtonClick("next");
+        QVERIFY(!caselle.at(0)->isChecked());
+    }
+
+    void archivio_tutte() {
+        const QString file = m_archivio->Cartella() + "/archivio.dat";
+        ScriviArchivioJet4(
+            file,
+            {{"giochi", {{"Genere", TipoJet::Testo}, {"giudizio", TipoJet::Booleano}}, {{"Arcade", true}}},
+             {"canzoni", {{"GENERE", TipoJet::Testo}, {"note", TipoJet::Lungo}}, {{"Rock", 3}}},
+             {"vuota", {{"x", TipoJet::Testo}}, {}}});
+        for (int volta = 0; volta < 2; ++volta) {
+            InterazioneScriptata script;
+            ScriptArchivio(script, file, "", Scegli("OptTutte"));
+            IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+            VERIFICA_SCRIPT(script);
+        }
+        QCOMPARE(RigheSql("select nome from collezioni"),
+                 QStringList({"giochi", "canzoni", "vuota", "giochi1", "canzoni1", "vuota1"}));
+        QCOMPARE(RigheSql("select count(*) from campi where id_collezione=" + QString::number(Id("vuota1"))),
+                 QStringList{"1"});
+        QCOMPARE(ContaRecord(Id("vuota1")), 0);
+        QCOMPARE(RigheSql("select nome||':'||tipo||':'||special from campi where id_collezione=" +
+                          QString::number(Id("giochi1"))),
+                 QStringList({"Genere:list:Sparatutto|Simulazione|Arcade|Avventura|Strategico|Sport|Altro",
+                              "giudizio:checkbox:"}));
+        QCOMPARE(RigheSql("select nome||':'||tipo||':'||special from campi where id_collezione=" +
+                          QString::number(Id("canzoni"))),
+                 QStringList({"GENERE:list:Pop|Rock|Dance|Classica|Blues|Rap|R&B|Altro", "note:textbox:"}));
+        QCOMPARE(RecordCollezione(Id("canzoni1")), QStringList{"Rock|3"});
+        QCOMPARE(Collezioni().count(), 6);
+    }
+
+    void archivio_rifiutato_data() {
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<QByteArray>("guasto");
+        QTest::addColumn<QString>("messaggio");
+        QTest::newRow("wrong password") << "Segreta" << QByteArray() << "Password non valida";
+        QTest::newRow("no password") << "" << QByteArray() << "Password non valida";
+        QTest::newRow("not an archive")
+            << "segreta" << QByteArray("testo") << "Il file non è un archivio di Tarvino";
+    }
+
+    void archivio_rifiutato() {
+        QFETCH(QString, password);
+        QFETCH(QByteArray, guasto);
+        QFETCH(QString, messaggio);
+        const QString file = m_archivio->Cartella() + "/archivio.dat";
+        ScriviArchivioJet4(file, {{"film", {{"Titolo", TipoJet::Testo}}, {{"x"}}}}, "segreta");
+        if (!guasto.isEmpty())
+            File("archivio.dat", guasto);
+        InterazioneScriptata script;
+        script.Modale(Scegli("OptAir")).File(file).Digita(password).Rispondi(Risposta::Ok);
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(Descrivi(script.Richieste().last().messaggio), messaggio + ": " + file + " | Orvix | 11");
+        QCOMPARE(RigheSql("select count(*) from collezioni"), QStringList{"0"});
+    }
+
+    // Only the engine's own tables: an empty chooser, and OK imports nothing.
+    void archivio_senza_tabelle() {
+        const QString file = m_archivio->Cartella() + "/archivio.dat";
+        ScriviArchivioJet4(file, {{"msysVarie", {{"x", TipoJet::Testo}}, {{"a"}}}});
+        InterazioneScriptata script;
+        int voci = -1;
+        ScriptArchivio(script, file, "", [&](QDialog& d) {
+            voci = static_cast<frmScegliTabellaTarvino&>(d).cmbTabelle->count();
+            Scegli(nullptr)(d);
+        });
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(voci, 0);
+        QCOMPARE(RigheSql("select count(*) from collezioni"), QStringList{"0"});
+    }
+};
+
+QTEST_MAIN(TestImporta)
+#include "tst_importa.moc"

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+// Small Jet 4 files for the tests and the benchmark, in the minimal layout mdbtools reads: a header
+// page (with an optional database password), the catalog, and per table its definition, data pages,
+// long-value pages and usage maps. No indexes: the Jet engine itself would probably refuse them.
+
+enum class TipoJet : quint8 {
+    Booleano = 1,
+    Intero = 3,
+    Lungo = 4,
+    Doppio = 7,
+    DataOra = 8,
+    Binario = 9,
+    Testo = 10,
+    Ole = 11,
+    Memo = 12
+};
+
+struct ColonnaProva {
+    QString nome;
+    TipoJet tipo = TipoJet::Testo;
+    bool required = false;
+};
+
+// Values by column: a null QVariant is NULL; bool, int, double, QDateTime (or a Jet date as double)
+// QString, and QByteArray for Binario and Ole, as the column's type wants.
+struct TabellaProva {
+    QString nome;
+    QList<ColonnaProva> colonne;
+    QList<QVariantList> righe;
+};
+
+void ScriviArchivioJet4(const QString& percorso, const QList<TabellaProva>& tabelle,
+                        const QString& password = {}, double dataCreazione = 44532.650103831016);
