@@ -5,6 +5,7 @@
 
 #include "aprirecord.h"
 #include "archivio.h"
+#include "esportatesto.h"
 #include "form1.h"
 #include "frmimportaext1.h"
 #include "frmmain.h"
@@ -201,6 +202,36 @@ private Q_SLOTS:
         QCOMPARE(RecordCollezione(id),
                  QStringList({QString::fromUtf8("Il nome|Forlì|"), "Due|Roma|con;punto e, virgola"}));
         QCOMPARE(Stato(), QString("Inserimento Completato."));
+    }
+
+    // What the text export writes, the import reads back: the same names and values, whether the
+    // export wrote Windows-1252 or, for a character that code page lacks, UTF-8.
+    void roundTripWithTheTextExport_data() {
+        QTest::addColumn<QString>("citta");
+        QTest::newRow("Windows-1252") << QString::fromUtf8("Città");
+        QTest::newRow("UTF-8") << QString::fromUtf8("Łódź");
+    }
+    void roundTripWithTheTextExport() {
+        QFETCH(QString, citta);
+        const qint32 origine = CreaCollezione("Origine", QString());
+        const QStringList valori[] = {{"1840", citta, "con;punto e, virgola"}, {"1900", "Roma", ""}};
+        const char* const nomi[] = {"Anno", "Luogo", "Note"};
+        for (int k = 0; k < 3; ++k) {
+            const qint32 campo = AggiungiCampo(origine, {{"nome", nomi[k]}});
+            for (int r = 0; r < 2; ++r)
+                ScriviValore(campo, r + 1, valori[r].at(k));
+        }
+        const QString file = m_archivio->Cartella() + "/esportata.txt";
+        EsportaTesto(origine, file);
+        InterazioneScriptata script;
+        ScriptTesto(script, file, "Option3", "Copia");
+        IstanzaForm1()->mnuImportaStrutturaeDati->trigger();
+        VERIFICA_SCRIPT(script);
+        const qint32 id = Id("Copia");
+        QCOMPARE(RigheSql("select nome from campi where id_collezione=" + QString::number(id)),
+                 QStringList({"Anno", "Luogo", "Note"}));
+        QCOMPARE(RecordCollezione(id), RecordCollezione(origine));
+        QCOMPARE(RecordCollezione(id).value(0), "1840|" + citta + "|con;punto e, virgola");
     }
 
     void annullamenti_data() {
