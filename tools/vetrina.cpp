@@ -13,15 +13,18 @@
 #include "frmfind.h"
 #include "frmmain.h"
 #include "frmmodelli.h"
+#include "frmpreview.h"
 #include "frmproprietacontrollo.h"
 #include "frmrecord.h"
 #include "frmsceglicampi.h"
+#include "frmtipofiledaimportare.h"
 #include "grigliaproprieta.h"
 #include "iconaprogramma.h"
 #include "listecontrolli.h"
 #include "routinesql.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
@@ -190,6 +193,21 @@ int main(int argc, char** argv) {
               qPrintable(QStringLiteral("modello-") + creata->nome.toLower() + QStringLiteral(".png")));
         FinestraRecord().Toolbar1_ButtonClick(QStringLiteral("no"));
     }
+
+    // The print preview of the records, one sheet per record and then as a table.
+    frmPreview stampa(&frame);
+    stampa.IdCollezione = form.IdCollezioneCorrente();
+    stampa.show();
+    stampa.Ridisegna();
+    Salva(stampa, uscita, "stampa-schede.png");
+    stampa.Tabulare->click();
+    Salva(stampa, uscita, "stampa-tabella.png");
+    stampa.hide();
+
+    frmTipoFileDaImportare importa(&frame);
+    importa.show();
+    Salva(importa, uscita, "importa.png");
+    importa.hide();
 
     frmAbout informazioni(&frame);
     informazioni.show();

@@ -54,6 +54,8 @@ frmMAIN::frmMAIN(QWidget* parent)
     setObjectName(QStringLiteral("frmMAIN"));
     m_area->setObjectName(QStringLiteral("AreaFigli"));
     m_area->setBackground(palette().brush(QPalette::Dark));
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_area);
     setWindowIcon(IconaProgramma());
     Sbar1 = new QStatusBar(this);
@@ -154,12 +156,14 @@ void frmMAIN::MostraFiglia(QWidget* finestra) {
         // Queued: while a child is destroyed its sub-window may be half destroyed, yet still current.
         connect(
             finestra, &QObject::destroyed, this, [this] { AggiornaMenu(); }, Qt::QueuedConnection);
-        // The child keeps the size it asked for, as far as the frame holds it; the title bar and
-        // borders come on top. It goes where it covers no other child, when there is room.
+        // The child keeps the size it asked for, the title bar and borders on top. A child laid out
+        // by a layout is cut to what the frame holds; a form of placed controls (a record window)
+        // keeps its size and the frame scrolls to it. It goes where it covers no other child.
         const QMargins bordi = contenitore->contentsMargins();
         layout()->activate(); // the frame may not be shown yet: its area must have its real size
         const QRect area(QPoint(0, 0), m_area->contentsRect().size());
-        contenitore->resize(voluta.grownBy(bordi).boundedTo(area.size()));
+        const QSize intera = voluta.grownBy(bordi);
+        contenitore->resize(finestra->layout() ? intera.boundedTo(area.size()) : intera);
         contenitore->move(PosizioneLibera(area, AltriFigli(contenitore), contenitore->size()));
     }
     contenitore->show();

@@ -20,9 +20,11 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTextEdit>
 #include <QTreeWidget>
+#include <QVBoxLayout>
 #include <QtTest>
 #include <unistd.h>
 
@@ -247,11 +249,24 @@ private Q_SLOTS:
         const QRect area(QPoint(), frame->AreaFigli()->viewport()->size());
         QVERIFY(!figli.at(0)->geometry().intersects(figli.at(1)->geometry()));
         QVERIFY(area.contains(figli.at(1)->geometry()));
-        auto* enorme = new QWidget;
-        enorme->resize(5000, 4000);
-        frame->MostraFiglia(enorme);
+        // One larger than the frame: cut down to the frame when a layout arranges it; a form of
+        // placed controls keeps its size, and the frame scrolls to show all of it.
+        auto* disposta = new QWidget;
+        new QVBoxLayout(disposta);
+        disposta->resize(5000, 4000);
+        frame->MostraFiglia(disposta);
         QVERIFY(area.contains(frame->AreaFigli()->subWindowList().at(2)->geometry()));
-        delete enorme;
+        auto* modulo = new QWidget;
+        modulo->resize(3000, 2500);
+        frame->MostraFiglia(modulo);
+        QCOMPARE(modulo->size(), QSize(3000, 2500));
+        QCoreApplication::processEvents();
+        QVERIFY(frame->AreaFigli()->verticalScrollBar()->isVisible());
+        frame->AreaFigli()->verticalScrollBar()->setValue(frame->AreaFigli()->verticalScrollBar()->maximum());
+        QVERIFY(frame->AreaFigli()->viewport()->rect().intersects(
+            frame->AreaFigli()->subWindowList().at(3)->geometry()));
+        delete disposta;
+        delete modulo;
         frame->Affianca(true);
         QCOMPARE(figli.at(0)->y(), figli.at(1)->y());
         QVERIFY(figli.at(0)->x() != figli.at(1)->x());
