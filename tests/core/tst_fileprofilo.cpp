@@ -28,7 +28,7 @@ private:
 
 private Q_SLOTS:
     void init() {
-        m_file = m_cartella.filePath(u"prova.wzd"_s);
+        m_file = m_cartella.filePath("prova.wzd");
         QFile::remove(m_file);
     }
 
@@ -115,31 +115,12 @@ private Q_SLOTS:
         QFETCH(QString, sezione);
         QFETCH(QString, chiave);
         QFETCH(QString, valore);
-        const QStringList righe{u"chiave=fuori da ogni sezione"_s,
-                                u"[Tabella]"_s,
-                                u"; commento=non una chiave"_s,
-                                u"Nome =  Libri  "_s,
-                                u"descrizione="_s,
-                                u"\tvalore tab\t=\tcon  tab\t"_s,
-                                u""_s,
-                                u"[campi]"_s,
-                                u"n=2"_s,
-                                u"n=3"_s,
-                                u"[TABELLA]"_s,
-                                u"altro=nella seconda"_s,
-                                u" [altra] ; nota"_s,
-                                u"x = y = z"_s};
-        Scrivi(InCp1252(righe.join(fine)));
+        const QString righe =
+            u"chiave=fuori da ogni sezione|[Tabella]|; commento=non una chiave|Nome =  Libri  |"
+            "descrizione=|\tvalore tab\t=\tcon  tab\t||[campi]|n=2|n=3|[TABELLA]|"
+            "altro=nella seconda| [altra] ; nota|x = y = z"_s;
+        Scrivi(InCp1252(QString(righe).replace(u'|', fine))); // "|" ends a line
         QCOMPARE(LeggiIni(sezione, chiave, m_file), valore);
-    }
-
-    void lettura_senza_file_e_con_byte_order_mark() {
-        QCOMPARE(LeggiIni(u"tabella"_s, u"nome"_s, m_cartella.filePath(u"nessuno.wzd"_s)), QString());
-        QCOMPARE(LeggiIni(u"tabella"_s, u"nome"_s, m_cartella.path()), QString());
-        Scrivi("\xEF\xBB\xBF[tabella]\r\nnome=Gi\xC3\xA0\r\n");
-        QCOMPARE(LeggiIni(u"tabella"_s, u"nome"_s, m_file), u"Già"_s);
-        QVERIFY(ScriviIni(u"tabella"_s, u"nome"_s, u"Più"_s, m_file));
-        QCOMPARE(Letto(), QByteArray("\xEF\xBB\xBF[tabella]\r\nnome=Pi\xC3\xB9\r\n"));
     }
 
     void lettura_al_massimo_254_caratteri_data() {
@@ -155,64 +136,58 @@ private Q_SLOTS:
     void lettura_al_massimo_254_caratteri() {
         QFETCH(QString, valore);
         QFETCH(QString, letto);
-        QVERIFY(ScriviIni(u"campi"_s, u"tooltip1"_s, valore, m_file));
+        QVERIFY(ScriviIni("campi", "tooltip1", valore, m_file));
         QVERIFY(Letto().contains(valore.toUtf8().trimmed()) || Letto().contains(InCp1252(valore)));
-        QCOMPARE(LeggiIni(u"campi"_s, u"tooltip1"_s, m_file), letto);
+        QCOMPARE(LeggiIni("campi", "tooltip1", m_file), letto);
     }
 
     // Only the value of the key changes: every other byte, line end and comment stays.
     void scrittura_in_posto() {
-        const QByteArray prima = "; modello di prova\r\n"
-                                 "\r\n"
-                                 "[sconosciuta]\n"
-                                 "nome=da non toccare\r\n"
-                                 "[Tabella]\r\n"
-                                 "  Nome = Libri   \n"
-                                 "descrizione=Mia\r\n"
-                                 "\r\n"
-                                 "[campi]\r\n"
-                                 "n=2";
+        const QByteArray prima =
+            "; modello di prova\r\n\r\n[sconosciuta]\nnome=da non toccare\r\n[Tabella]\r\n"
+            "  Nome = Libri   \ndescrizione=Mia\r\n\r\n[campi]\r\nn=2";
         Scrivi(prima);
-        QVERIFY(ScriviIni(u"tabella"_s, u"NOME"_s, u"Dischi"_s, m_file));
+        QVERIFY(ScriviIni("tabella", "NOME", "Dischi", m_file));
         QByteArray atteso = prima;
         atteso.replace("  Nome = Libri   \n", "  Nome =Dischi\n");
         QCOMPARE(Letto(), atteso);
-        QVERIFY(ScriviIni(u"campi"_s, u"n"_s, u"5"_s, m_file));
+        QVERIFY(ScriviIni("campi", "n", "5", m_file));
         atteso.replace("n=2", "n=5");
         QCOMPARE(Letto(), atteso);
     }
 
-    void nuova_chiave_in_fondo_alla_sezione() {
+    // A new file is written in CR LF and Windows-1252, never in a missing folder; a new key goes after the
+    // section's last line that is not blank, a new section at the end.
+    void chiavi_nuove() {
+        QCOMPARE(LeggiIni("tabella", "nome", m_cartella.filePath("nessuno.wzd")), QString());
+        QCOMPARE(LeggiIni("tabella", "nome", m_cartella.path()), QString());
+        QVERIFY(ScriviIni("tabella", "nome", "Città €", m_file));
+        QVERIFY(ScriviIni("campi", "n", "0", m_file));
+        QCOMPARE(Letto(), QByteArray("[tabella]\r\nnome=Citt\xE0 \x80\r\n[campi]\r\nn=0\r\n"));
+        QVERIFY(!ScriviIni("tabella", "nome", "x", m_cartella.filePath("manca/prova.wzd")));
+        QVERIFY(!QFile::exists(m_cartella.filePath("manca")));
         Scrivi("[tabella]\r\nnome=Libri\r\n; nota\r\n\r\n\r\n[campi]\r\nnome1=Titolo");
-        QVERIFY(ScriviIni(u"Tabella"_s, u"descrizione"_s, u"Mia"_s, m_file));
-        QVERIFY(ScriviIni(u"campi"_s, u"tipo1"_s, u"textbox"_s, m_file));
-        QVERIFY(ScriviIni(u"vuota"_s, u"a"_s, u"1"_s, m_file));
-        QVERIFY(ScriviIni(u"vuota"_s, u"b"_s, u"2"_s, m_file));
+        QVERIFY(ScriviIni("Tabella", "descrizione", "Mia", m_file));
+        QVERIFY(ScriviIni("campi", "tipo1", "textbox", m_file));
+        QVERIFY(ScriviIni("vuota", "a", "1", m_file));
+        QVERIFY(ScriviIni("vuota", "b", "2", m_file));
         QCOMPARE(Letto(),
                  QByteArray("[tabella]\r\nnome=Libri\r\n; nota\r\ndescrizione=Mia\r\n\r\n\r\n"
                             "[campi]\r\nnome1=Titolo\r\ntipo1=textbox\r\n[vuota]\r\na=1\r\nb=2\r\n"));
-    }
-
-    void file_nuovo() {
-        QVERIFY(ScriviIni(u"tabella"_s, u"nome"_s, u"Città €"_s, m_file));
-        QVERIFY(ScriviIni(u"campi"_s, u"n"_s, u"0"_s, m_file));
-        QCOMPARE(Letto(), QByteArray("[tabella]\r\nnome=Citt\xE0 \x80\r\n[campi]\r\nn=0\r\n"));
-        QVERIFY(!ScriviIni(u"tabella"_s, u"nome"_s, u"x"_s, m_cartella.filePath(u"manca/prova.wzd"_s)));
-        QVERIFY(!QFile::exists(m_cartella.filePath(u"manca"_s)));
     }
 
     // Nothing is escaped: the break ends the value on reading, and what follows it is a line of its own,
     // in memory as on the disk.
     void valore_con_a_capo() {
         FileProfilo profilo(m_file);
-        profilo.Scrivi(u"campi"_s, u"default1"_s, u"uno\r\ndue=2"_s);
-        profilo.Scrivi(u"campi"_s, u"tipo1"_s, u"memo"_s);
-        QCOMPARE(profilo.Leggi(u"campi"_s, u"default1"_s), u"uno"_s);
-        QCOMPARE(profilo.Leggi(u"campi"_s, u"due"_s), u"2"_s);
+        profilo.Scrivi("campi", "default1", "uno\r\ndue=2");
+        profilo.Scrivi("campi", "tipo1", "memo");
+        QCOMPARE(profilo.Leggi("campi", "default1"), u"uno"_s);
+        QCOMPARE(profilo.Leggi("campi", "due"), u"2"_s);
         QVERIFY(profilo.Salva());
         QCOMPARE(Letto(), QByteArray("[campi]\r\ndefault1=uno\r\ndue=2\r\ntipo1=memo\r\n"));
-        QCOMPARE(LeggiIni(u"campi"_s, u"default1"_s, m_file), u"uno"_s);
-        QVERIFY(ScriviIni(u"campi"_s, u"default1"_s, u"tre"_s, m_file));
+        QCOMPARE(LeggiIni("campi", "default1", m_file), u"uno"_s);
+        QVERIFY(ScriviIni("campi", "default1", "tre", m_file));
         QCOMPARE(Letto(), QByteArray("[campi]\r\ndefault1=tre\r\ndue=2\r\ntipo1=memo\r\n"));
     }
 
@@ -231,17 +206,21 @@ private Q_SLOTS:
                           "d\xC5\xBA\r\n");
         QTest::newRow("cp1252 bytes that would read as utf8")
             << QByteArray("[t]\r\na=x\r\n") << u"Ã©"_s << QByteArray("[t]\r\na=x\r\nb=\xC3\x83\xC2\xA9\r\n");
+        QTest::newRow("utf8 byte order mark kept")
+            << QByteArray("\xEF\xBB\xBF[t]\r\na=Gi\xC3\xA0\r\n") << u"Più"_s
+            << QByteArray("\xEF\xBB\xBF[t]\r\na=Gi\xC3\xA0\r\nb=Pi\xC3\xB9\r\n");
     }
     void codifica_del_file() {
         QFETCH(QByteArray, prima);
         QFETCH(QString, valore);
         QFETCH(QByteArray, dopo);
         Scrivi(prima);
-        const QString a = LeggiIni(u"t"_s, u"a"_s, m_file);
-        QVERIFY(ScriviIni(u"t"_s, u"b"_s, valore, m_file));
+        const QString a = prima.contains("a=x") ? u"x"_s : u"Già"_s;
+        QCOMPARE(LeggiIni("t", "a", m_file), a);
+        QVERIFY(ScriviIni("t", "b", valore, m_file));
         QCOMPARE(Letto(), dopo);
-        QCOMPARE(LeggiIni(u"t"_s, u"a"_s, m_file), a);
-        QCOMPARE(LeggiIni(u"t"_s, u"b"_s, m_file), valore);
+        QCOMPARE(LeggiIni("t", "a", m_file), a);
+        QCOMPARE(LeggiIni("t", "b", m_file), valore);
     }
 };
 
