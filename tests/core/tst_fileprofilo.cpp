@@ -92,23 +92,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("chiave");
         QTest::addColumn<QString>("valore");
         const QList<QPair<const char*, QString>> fini{{"CR LF", u"\r\n"_s}, {"LF", u"\n"_s}, {"CR", u"\r"_s}};
-        for (const auto& [nome, fine] : fini) {
-            const auto riga = [&](const char* caso, const char* sezione, const char* chiave,
-                                  const QString& valore) {
+        // "section/key=value": case, trimming, empty values, keys outside sections, comments, the first of
+        // two keys or sections, '=' in values, missing keys and sections.
+        for (const auto& [nome, fine] : fini)
+            for (const char* caso :
+                 {"TABELLA/NOME=Libri", "tabella/valore tab=con  tab",
+                  "tabella/descrizione=", "tabella/chiave=", "tabella/; commento=", "campi/n=2",
+                  "tabella/altro=", "altra/x=y = z", "tabella/mancante=", "assente/nome="}) {
+                const QString testo = QString::fromUtf8(caso);
+                const qsizetype barra = testo.indexOf(u'/'), uguale = testo.indexOf(u'=');
                 QTest::addRow("%s, %s", nome, caso)
-                    << fine << QString::fromUtf8(sezione) << QString::fromUtf8(chiave) << valore;
-            };
-            riga("names in any case, blanks trimmed", "TABELLA", "NOME", u"Libri"_s);
-            riga("tabs trimmed, inner blanks kept", "tabella", "valore tab", u"con  tab"_s);
-            riga("empty value", "tabella", "descrizione", QString());
-            riga("key before any section", "tabella", "chiave", QString());
-            riga("commented line", "tabella", "; commento", QString());
-            riga("first of two keys", "campi", "n", u"2"_s);
-            riga("first of two sections", "tabella", "altro", QString());
-            riga("after the first equals sign", "altra", "x", u"y = z"_s);
-            riga("missing key", "tabella", "mancante", QString());
-            riga("missing section", "assente", "nome", QString());
-        }
+                    << fine << testo.left(barra) << testo.mid(barra + 1, uguale - barra - 1)
+                    << testo.mid(uguale + 1);
+            }
     }
     void lettura() {
         QFETCH(QString, fine);
