@@ -318,17 +318,13 @@ QByteArray Proprieta(const QList<ColonnaProva>& colonne) {
     return b;
 }
 
+// Only the catalog columns mdbtools reads.
 QList<ColonnaProva> ColonneCatalogo() {
-    using T = TipoJet;
-    return {{QStringLiteral("Id"), T::Lungo},           {QStringLiteral("ParentId"), T::Lungo},
-            {QStringLiteral("Name"), T::Testo},         {QStringLiteral("Type"), T::Intero},
-            {QStringLiteral("DateCreate"), T::DataOra}, {QStringLiteral("DateUpdate"), T::DataOra},
-            {QStringLiteral("Owner"), T::Binario},      {QStringLiteral("Flags"), T::Lungo},
-            {QStringLiteral("Database"), T::Memo},      {QStringLiteral("Connect"), T::Memo},
-            {QStringLiteral("ForeignName"), T::Testo},  {QStringLiteral("RmtInfoShort"), T::Binario},
-            {QStringLiteral("RmtInfoLong"), T::Ole},    {QStringLiteral("Lv"), T::Ole},
-            {QStringLiteral("LvProp"), T::Ole},         {QStringLiteral("LvModule"), T::Ole},
-            {QStringLiteral("LvExtra"), T::Ole}};
+    return {{QStringLiteral("Id"), TipoJet::Lungo},
+            {QStringLiteral("Name"), TipoJet::Testo},
+            {QStringLiteral("Type"), TipoJet::Intero},
+            {QStringLiteral("Flags"), TipoJet::Lungo},
+            {QStringLiteral("LvProp"), TipoJet::Ole}};
 }
 
 // A usage map row for the pages of a table: type 0 when they fit 512 pages, else type 1 over bitmap pages.
@@ -402,16 +398,8 @@ Piano Dati(Archivio& archivio, int definizione, const QList<ColonnaProva>& colon
     return piano;
 }
 
-QVariantList RigaCatalogo(const QString& nome, qint32 id, qint32 genitore, int tipo, qint32 bandiere,
-                          const QVariant& proprieta = {}) {
-    QVariantList v(17);
-    v[0] = id;
-    v[1] = genitore;
-    v[2] = nome;
-    v[3] = tipo;
-    v[7] = bandiere;
-    v[14] = proprieta;
-    return v;
+QVariantList RigaCatalogo(const QString& nome, qint32 id, qint32 bandiere, const QVariant& proprieta = {}) {
+    return {id, nome, 1, bandiere, proprieta};
 }
 
 } // namespace
@@ -427,15 +415,10 @@ void ScriviArchivioJet4(const QString& percorso, const QList<TabellaProva>& tabe
         const int definizione = archivio.NuovaPagina(2, 0);
         piani << Dati(archivio, definizione, t.colonne, t.righe);
     }
-    const auto sistema = static_cast<qint32>(0x80000000u);
     QList<QVariantList> catalogo{
-        RigaCatalogo(QStringLiteral("Tables"), 0x0F000001, 0x0F000000, 3, sistema),
-        RigaCatalogo(QStringLiteral("Databases"), 0x0F000002, 0x0F000000, 3, sistema),
-        RigaCatalogo(QStringLiteral("Relationships"), 0x0F000003, 0x0F000000, 3, sistema),
-        RigaCatalogo(QStringLiteral("MSysDb"), 0x0F000000, 0x0F000002, 2, sistema),
-        RigaCatalogo(QStringLiteral("MSysObjects"), 2, 0x0F000001, 1, sistema)};
+        RigaCatalogo(QStringLiteral("MSysObjects"), 2, static_cast<qint32>(0x80000000u))}; // a system table
     for (int i = 0; i < tabelle.size(); ++i)
-        catalogo << RigaCatalogo(tabelle.at(i).nome, piani.at(i).definizione, 0x0F000001, 1, 0,
+        catalogo << RigaCatalogo(tabelle.at(i).nome, piani.at(i).definizione, 0,
                                  Proprieta(tabelle.at(i).colonne));
     const QList<ColonnaProva> colonneCatalogo = ColonneCatalogo();
     const Piano piano = Dati(archivio, 2, colonneCatalogo, catalogo);
