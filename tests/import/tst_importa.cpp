@@ -191,7 +191,7 @@ private Q_SLOTS:
         QFETCH(QString, citta);
         const qint32 origine = CreaCollezione("Origine", QString());
         const QStringList valori[] = {{"1840", citta, "con;punto e, virgola"}, {"1900", "Roma", ""}};
-        const char* const nomi[] = {"Anno", "Luogo", "Note"};
+        const QString nomi[] = {"Anno", "Luogo " + citta, "Note"}; // in name order, as the export writes
         for (int k = 0; k < 3; ++k) {
             const qint32 campo = AggiungiCampo(origine, {{"nome", nomi[k]}});
             for (int r = 0; r < 2; ++r)
@@ -211,7 +211,7 @@ private Q_SLOTS:
                  QString("Nome collezione?: Digita il nome della Collezione che intendi Importare?"));
         QVERIFY(Elencate().contains("Copia=" + QString::number(Id("Copia"))));
         QCOMPARE(Campi("nome||':'||tipo", "Copia"),
-                 QStringList({"Anno:textbox", "Luogo:textbox", "Note:textbox"}));
+                 QStringList({"Anno:textbox", "Luogo " + citta + ":textbox", "Note:textbox"}));
         QCOMPARE(RecordCollezione(Id("Copia")), RecordCollezione(origine));
         QCOMPARE(RecordCollezione(Id("Copia")),
                  QStringList({"1840|" + citta + "|con;punto e, virgola", "1900|Roma|"}));
