@@ -52,6 +52,16 @@ TabellaProva Film() {
     return t;
 }
 
+// The message of the ErroreDatabase that `azione` throws, or "" when none.
+QString Errore(const std::function<void()>& azione) {
+    try {
+        azione();
+    } catch (const ErroreDatabase& errore) {
+        return errore.messaggio();
+    }
+    return {};
+}
+
 QByteArray Leggi(const QString& percorso) {
     QFile file(percorso);
     file.open(QIODevice::ReadOnly);
@@ -77,8 +87,7 @@ QByteArray IntestazioneJet3(const QByteArray& password) {
 
 } // namespace
 
-// The Jet 4 files of the tests, checked with mdbtools' own programs, and the archive reader over
-// them: header and password, tables, columns with their Required property, values as text.
+// The test Jet 4 files, checked with mdbtools' own programs, and the archive reader over them.
 class TestArchivioJet final : public QObject {
     Q_OBJECT
 
@@ -106,8 +115,6 @@ private Q_SLOTS:
         QCOMPARE(righe.at(1),
                  QString::fromUtf8("\"L'ultimo\",1987,12.5,\"1987-10-23 00:00:00\",1,\"Città — ☂\",95"));
         QCOMPARE(righe.at(2), QString(",,,,0,,"));
-        QVERIFY2(righe.at(3).startsWith(",-3,1234567.25,\"2001-02-03 14:30:05\",1,\"0 "),
-                 qPrintable(righe.at(3)));
         QCOMPARE(righe.last(), QString("\"riga 599\",599,149.75,,0,,599"));
         const QString proprieta = Esegui("mdb-prop", {Percorso("film.dat"), "film"});
         QVERIFY2(proprieta.contains("name: Titolo\n\tRequired: yes"), qPrintable(proprieta));
@@ -119,15 +126,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("file");
         QTest::addColumn<QString>("digitata");
         QTest::addColumn<bool>("accettata");
-        QTest::newRow("none stored, none typed") << "film.dat"
-                                                 << "" << true;
+        QTest::newRow("none stored, none typed") << "film.dat" << QString() << true;
         QTest::newRow("none stored, one typed") << "film.dat"
                                                 << "qualcosa" << true;
         QTest::newRow("right") << "chiuso.dat" << QString::fromUtf8("Pässwort €") << true;
         QTest::newRow("other case") << "chiuso.dat" << QString::fromUtf8("pässwort €") << false;
         QTest::newRow("longer") << "chiuso.dat" << QString::fromUtf8("Pässwort €!") << false;
-        QTest::newRow("empty") << "chiuso.dat"
-                               << "" << false;
+        QTest::newRow("empty") << "chiuso.dat" << QString() << false;
     }
 
     void password() {
@@ -137,17 +142,8 @@ private Q_SLOTS:
         const IntestazioneJet intestazione = LeggiIntestazioneJet(Leggi(Percorso(file)));
         QCOMPARE(intestazione.versione, VersioneJet::Jet4);
         QCOMPARE(PasswordAccettata(intestazione, digitata), accettata);
-        if (accettata) {
-            ArchivioJet archivio(Percorso(file), digitata);
-            QVERIFY(!archivio.Tabelle().isEmpty());
-        } else {
-            try {
-                ArchivioJet archivio(Percorso(file), digitata);
-                QFAIL("a wrong password opened the archive");
-            } catch (const ErroreDatabase& errore) {
-                QCOMPARE(errore.messaggio(), "Password non valida: " + Percorso(file));
-            }
-        }
+        QCOMPARE(Errore([&] { QVERIFY(!ArchivioJet(Percorso(file), digitata).Tabelle().isEmpty()); }),
+                 accettata ? QString() : "Password non valida: " + Percorso(file));
     }
 
     void password_jet3() {
@@ -184,12 +180,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, byte);
         QFETCH(QString, messaggio);
         Scrivi(Percorso("rotto.dat"), byte);
-        try {
-            ArchivioJet archivio(Percorso("rotto.dat"), QString());
-            QFAIL("a broken file opened");
-        } catch (const ErroreDatabase& errore) {
-            QCOMPARE(errore.messaggio(), messaggio + ": " + Percorso("rotto.dat"));
-        }
+        QCOMPARE(Errore([&] { ArchivioJet(Percorso("rotto.dat"), QString()); }),
+                 messaggio + ": " + Percorso("rotto.dat"));
     }
 
     void tabella_rotta() {
@@ -248,10 +240,8 @@ private Q_SLOTS:
         QFETCH(QString, atteso);
         const CampoImportato campo = CampoDaColonna({colonna, tipo, true}, 4, tabella);
         QCOMPARE(campo.tipo + ":" + campo.special, atteso);
-        QCOMPARE(campo.nome, colonna);
-        QCOMPARE(campo.etichetta, colonna);
-        QCOMPARE(campo.required, QString("true"));
-        QCOMPARE(campo.tabindex, 4);
+        QCOMPARE(QStringList({campo.nome, campo.etichetta, campo.required, QString::number(campo.tabindex)}),
+                 QStringList({colonna, colonna, "true", "4"}));
     }
 
     void valori() {
@@ -268,8 +258,7 @@ private Q_SLOTS:
         QCOMPARE(righe.at(2),
                  QStringList({"", "-3", "1234567,25", "03/02/2001 14:30:05", "1", Lungo(3000), "0"}));
         QCOMPARE(righe.at(3).mid(0, 5), QStringList({"lungo", "0", "0,1", "06:00:00", "0"}));
-        QCOMPARE(righe.at(3).at(5).size(), 40000);
-        QCOMPARE(righe.at(3).at(5), Lungo(40000));
+        QCOMPARE(righe.at(3).at(5), Lungo(40000)); // a long value over chained pages
         QCOMPARE(righe.last(), QStringList({"riga 599", "599", "149,75", "", "0", "", "599"}));
     }
 };

@@ -16,28 +16,18 @@ constexpr int MemoInLinea = 1024;
 constexpr int PezzoLval = 4000;
 constexpr quint32 Sconosciuto = 0x0659;
 
-void Metti16(QByteArray& b, qsizetype pos, quint16 v) {
+template <typename T> void Metti(QByteArray& b, qsizetype pos, T v) {
     qToLittleEndian(v, b.data() + pos);
 }
-void Metti32(QByteArray& b, qsizetype pos, quint32 v) {
-    qToLittleEndian(v, b.data() + pos);
-}
-void Aggiungi16(QByteArray& b, quint16 v) {
-    b.append(2, '\0');
-    Metti16(b, b.size() - 2, v);
-}
-void Aggiungi32(QByteArray& b, quint32 v) {
-    b.append(4, '\0');
-    Metti32(b, b.size() - 4, v);
-}
-void AggiungiDouble(QByteArray& b, double v) {
-    b.append(8, '\0');
-    qToLittleEndian(v, b.data() + b.size() - 8);
+template <typename T> void Aggiungi(QByteArray& b, T v) {
+    constexpr auto n = static_cast<qsizetype>(sizeof(T));
+    b.append(n, '\0');
+    Metti(b, b.size() - n, v);
 }
 QByteArray Ucs2(const QString& testo) {
     QByteArray b;
     for (const QChar c : testo)
-        Aggiungi16(b, c.unicode());
+        Aggiungi<quint16>(b, c.unicode());
     return b;
 }
 
@@ -60,21 +50,11 @@ bool Fissa(TipoJet tipo) {
 }
 
 int Dimensione(TipoJet tipo) {
-    switch (tipo) {
-    case TipoJet::Booleano:
-        return 0;
-    case TipoJet::Intero:
-        return 2;
-    case TipoJet::Lungo:
-        return 4;
-    case TipoJet::Testo:
-        return 510;
-    case TipoJet::Memo:
-        return 0;
-    default:
-        break;
-    }
-    return 8;
+    return tipo == TipoJet::Booleano || tipo == TipoJet::Memo ? 0
+           : tipo == TipoJet::Intero                          ? 2
+           : tipo == TipoJet::Lungo                           ? 4
+           : tipo == TipoJet::Testo                           ? 510
+                                                              : 8;
 }
 
 double DataJet(const QVariant& valore) {
@@ -94,8 +74,8 @@ public:
         p[0] = static_cast<char>(tipo);
         p[1] = 1;
         if (tipo == 1) {
-            Metti16(p, 2, Pagina - InizioRighe);
-            Metti32(p, 4, proprietario);
+            Metti<quint16>(p, 2, Pagina - InizioRighe);
+            Metti<quint32>(p, 4, proprietario);
         }
         m_pagine << p;
         return static_cast<int>(m_pagine.size() - 1);
@@ -114,9 +94,9 @@ public:
             righe == 0 ? Pagina : qFromLittleEndian<quint16>(p.constData() + InizioRighe + 2 * (righe - 1));
         const int inizio = fine - static_cast<int>(riga.size());
         std::memcpy(p.data() + inizio, riga.constData(), static_cast<std::size_t>(riga.size()));
-        Metti16(p, InizioRighe + 2 * righe, static_cast<quint16>(inizio));
-        Metti16(p, 12, static_cast<quint16>(righe + 1));
-        Metti16(p, 2, static_cast<quint16>(libero - riga.size() - 2));
+        Metti<quint16>(p, InizioRighe + 2 * righe, static_cast<quint16>(inizio));
+        Metti<quint16>(p, 12, static_cast<quint16>(righe + 1));
+        Metti<quint16>(p, 2, static_cast<quint16>(libero - riga.size() - 2));
         return static_cast<quint32>(pagina) << 8 | static_cast<quint32>(righe);
     }
 
@@ -142,7 +122,7 @@ public:
         for (qsizetype fine = dati.size(); fine > 0;) {
             const qsizetype inizio = ((fine - 1) / PezzoLval) * PezzoLval;
             QByteArray pezzo;
-            Aggiungi32(pezzo, successivo);
+            Aggiungi<quint32>(pezzo, successivo);
             pezzo += dati.mid(inizio, fine - inizio);
             successivo = Riga(PaginaLval(), pezzo);
             fine = inizio;
@@ -171,16 +151,16 @@ private:
 QByteArray Memo(Archivio& archivio, const QByteArray& dati) {
     QByteArray campo;
     if (dati.size() <= MemoInLinea) {
-        Aggiungi32(campo, static_cast<quint32>(dati.size()) | 0x80000000u);
-        Aggiungi32(campo, 0);
-        Aggiungi32(campo, 0);
+        Aggiungi<quint32>(campo, static_cast<quint32>(dati.size()) | 0x80000000u);
+        Aggiungi<quint32>(campo, 0);
+        Aggiungi<quint32>(campo, 0);
         return campo + dati;
     }
     bool catena = false;
     const quint32 posto = archivio.Lval(dati, catena);
-    Aggiungi32(campo, static_cast<quint32>(dati.size()) | (catena ? 0u : 0x40000000u));
-    Aggiungi32(campo, posto);
-    Aggiungi32(campo, 0);
+    Aggiungi<quint32>(campo, static_cast<quint32>(dati.size()) | (catena ? 0u : 0x40000000u));
+    Aggiungi<quint32>(campo, posto);
+    Aggiungi<quint32>(campo, 0);
     return campo;
 }
 
@@ -189,16 +169,16 @@ QByteArray Valore(Archivio& archivio, TipoJet tipo, const QVariant& valore) {
     QByteArray b;
     switch (tipo) {
     case TipoJet::Intero:
-        Aggiungi16(b, static_cast<quint16>(valore.toInt()));
+        Aggiungi<quint16>(b, static_cast<quint16>(valore.toInt()));
         break;
     case TipoJet::Lungo:
-        Aggiungi32(b, static_cast<quint32>(valore.toInt()));
+        Aggiungi<quint32>(b, static_cast<quint32>(valore.toInt()));
         break;
     case TipoJet::Doppio:
-        AggiungiDouble(b, valore.toDouble());
+        Aggiungi<double>(b, valore.toDouble());
         break;
     case TipoJet::DataOra:
-        AggiungiDouble(b, DataJet(valore));
+        Aggiungi<double>(b, DataJet(valore));
         break;
     case TipoJet::Testo:
         b = valore.toString().isEmpty() ? QByteArray() : TestoJet(valore.toString());
@@ -233,7 +213,7 @@ QByteArray Riga(Archivio& archivio, const QList<ColonnaProva>& colonne, const QV
             fisse += dati.isEmpty() ? QByteArray(Dimensione(tipo), '\0') : dati;
     }
     QByteArray riga;
-    Aggiungi16(riga, static_cast<quint16>(n));
+    Aggiungi<quint16>(riga, static_cast<quint16>(n));
     riga += fisse;
     QList<quint16> inizi;
     for (const QByteArray& dati : variabili) {
@@ -241,10 +221,10 @@ QByteArray Riga(Archivio& archivio, const QList<ColonnaProva>& colonne, const QV
         riga += dati;
     }
     if (!variabili.isEmpty()) {
-        Aggiungi16(riga, static_cast<quint16>(riga.size()));
+        Aggiungi<quint16>(riga, static_cast<quint16>(riga.size()));
         for (qsizetype i = inizi.size() - 1; i >= 0; --i)
-            Aggiungi16(riga, inizi.at(i));
-        Aggiungi16(riga, static_cast<quint16>(variabili.size()));
+            Aggiungi<quint16>(riga, inizi.at(i));
+        Aggiungi<quint16>(riga, static_cast<quint16>(variabili.size()));
     }
     return riga + nulli;
 }
@@ -254,59 +234,59 @@ QByteArray Definizione(const QList<ColonnaProva>& colonne, bool sistema, quint32
     QByteArray t(63, '\0');
     t[0] = 2;
     t[1] = 1;
-    Metti32(t, 12, Sconosciuto);
-    Metti32(t, 16, righe);
+    Metti<quint32>(t, 12, Sconosciuto);
+    Metti<quint32>(t, 16, righe);
     t[24] = 1;
     t[40] = sistema ? 0x53 : 0x4E;
     int variabili = 0;
     for (const ColonnaProva& c : colonne)
         variabili += Fissa(c.tipo) ? 0 : 1;
-    Metti16(t, 41, static_cast<quint16>(colonne.size()));
-    Metti16(t, 43, static_cast<quint16>(variabili));
-    Metti16(t, 45, static_cast<quint16>(colonne.size()));
-    Metti32(t, 55, usate);
-    Metti32(t, 59, libere);
+    Metti<quint16>(t, 41, static_cast<quint16>(colonne.size()));
+    Metti<quint16>(t, 43, static_cast<quint16>(variabili));
+    Metti<quint16>(t, 45, static_cast<quint16>(colonne.size()));
+    Metti<quint32>(t, 55, usate);
+    Metti<quint32>(t, 59, libere);
     int indiceVariabile = 0;
     int posizioneFissa = 0;
     for (int i = 0; i < colonne.size(); ++i) {
         const TipoJet tipo = colonne.at(i).tipo;
         QByteArray e(25, '\0');
         e[0] = static_cast<char>(tipo);
-        Metti32(e, 1, Sconosciuto);
-        Metti16(e, 5, static_cast<quint16>(i));
-        Metti16(e, 9, static_cast<quint16>(i));
+        Metti<quint32>(e, 1, Sconosciuto);
+        Metti<quint16>(e, 5, static_cast<quint16>(i));
+        Metti<quint16>(e, 9, static_cast<quint16>(i));
         if (tipo == TipoJet::Testo || tipo == TipoJet::Memo)
-            Metti16(e, 11, 0x0409);
+            Metti<quint16>(e, 11, 0x0409);
         if (Fissa(tipo)) {
             e[15] = 0x03;
-            Metti16(e, 21, static_cast<quint16>(tipo == TipoJet::Booleano ? 0 : posizioneFissa));
+            Metti<quint16>(e, 21, static_cast<quint16>(tipo == TipoJet::Booleano ? 0 : posizioneFissa));
             posizioneFissa += Dimensione(tipo);
         } else {
             e[15] = 0x02;
-            Metti16(e, 7, static_cast<quint16>(indiceVariabile++));
+            Metti<quint16>(e, 7, static_cast<quint16>(indiceVariabile++));
         }
         if (tipo == TipoJet::Testo)
             e[16] = 0x01;
-        Metti16(e, 23, static_cast<quint16>(tipo == TipoJet::Booleano ? 1 : Dimensione(tipo)));
+        Metti<quint16>(e, 23, static_cast<quint16>(tipo == TipoJet::Booleano ? 1 : Dimensione(tipo)));
         t += e;
     }
     for (const ColonnaProva& c : colonne) {
         const QByteArray nome = Ucs2(c.nome);
-        Aggiungi16(t, static_cast<quint16>(nome.size()));
+        Aggiungi<quint16>(t, static_cast<quint16>(nome.size()));
         t += nome;
     }
     for (int i = 0; i < colonne.size(); ++i) {
         if (Fissa(colonne.at(i).tipo))
             continue;
-        Aggiungi16(t, static_cast<quint16>(i));
-        Aggiungi32(t, usate);
-        Aggiungi32(t, libere);
+        Aggiungi<quint16>(t, static_cast<quint16>(i));
+        Aggiungi<quint32>(t, usate);
+        Aggiungi<quint32>(t, libere);
     }
     t += QByteArray("\xFF\xFF", 2) + QByteArray(8, '\0');
     if (t.size() > Pagina)
         throw std::runtime_error("a table definition longer than a page");
-    Metti32(t, 8, static_cast<quint32>(t.size() - 8));
-    Metti16(t, 2, static_cast<quint16>(Pagina - t.size()));
+    Metti<quint32>(t, 8, static_cast<quint32>(t.size() - 8));
+    Metti<quint16>(t, 2, static_cast<quint16>(Pagina - t.size()));
     return t + QByteArray(Pagina - t.size(), '\0');
 }
 
@@ -315,50 +295,36 @@ QByteArray Proprieta(const QList<ColonnaProva>& colonne) {
     QByteArray b("MR2\0", 4);
     const QByteArray nome = Ucs2(QStringLiteral("Required"));
     QByteArray nomi;
-    Aggiungi16(nomi, static_cast<quint16>(nome.size()));
+    Aggiungi<quint16>(nomi, static_cast<quint16>(nome.size()));
     nomi += nome;
-    Aggiungi32(b, static_cast<quint32>(6 + nomi.size()));
-    Aggiungi16(b, 0x80);
+    Aggiungi<quint32>(b, static_cast<quint32>(6 + nomi.size()));
+    Aggiungi<quint16>(b, 0x80);
     b += nomi;
     for (const ColonnaProva& c : colonne) {
         const QByteArray colonna = Ucs2(c.nome);
         QByteArray blocco;
-        Aggiungi32(blocco, static_cast<quint32>(6 + colonna.size()));
-        Aggiungi16(blocco, static_cast<quint16>(colonna.size()));
+        Aggiungi<quint32>(blocco, static_cast<quint32>(6 + colonna.size()));
+        Aggiungi<quint16>(blocco, static_cast<quint16>(colonna.size()));
         blocco += colonna;
-        Aggiungi16(blocco, 9);
+        Aggiungi<quint16>(blocco, 9);
         blocco += QByteArray("\x01\x01", 2);
-        Aggiungi16(blocco, 0);
-        Aggiungi16(blocco, 1);
+        Aggiungi<quint16>(blocco, 0);
+        Aggiungi<quint16>(blocco, 1);
         blocco += c.required ? '\x01' : '\x00';
-        Aggiungi32(b, static_cast<quint32>(6 + blocco.size()));
-        Aggiungi16(b, 0x01);
+        Aggiungi<quint32>(b, static_cast<quint32>(6 + blocco.size()));
+        Aggiungi<quint16>(b, 0x01);
         b += blocco;
     }
     return b;
 }
 
+// Only the catalog columns mdbtools reads.
 QList<ColonnaProva> ColonneCatalogo() {
-    using T = TipoJet;
-    const auto binaria = T::Binario;
-    const auto ole = T::Ole;
-    return {{QStringLiteral("Id"), T::Lungo},
-            {QStringLiteral("ParentId"), T::Lungo},
-            {QStringLiteral("Name"), T::Testo},
-            {QStringLiteral("Type"), T::Intero},
-            {QStringLiteral("DateCreate"), T::DataOra},
-            {QStringLiteral("DateUpdate"), T::DataOra},
-            {QStringLiteral("Owner"), binaria},
-            {QStringLiteral("Flags"), T::Lungo},
-            {QStringLiteral("Database"), T::Memo},
-            {QStringLiteral("Connect"), T::Memo},
-            {QStringLiteral("ForeignName"), T::Testo},
-            {QStringLiteral("RmtInfoShort"), binaria},
-            {QStringLiteral("RmtInfoLong"), ole},
-            {QStringLiteral("Lv"), ole},
-            {QStringLiteral("LvProp"), ole},
-            {QStringLiteral("LvModule"), ole},
-            {QStringLiteral("LvExtra"), ole}};
+    return {{QStringLiteral("Id"), TipoJet::Lungo},
+            {QStringLiteral("Name"), TipoJet::Testo},
+            {QStringLiteral("Type"), TipoJet::Intero},
+            {QStringLiteral("Flags"), TipoJet::Lungo},
+            {QStringLiteral("LvProp"), TipoJet::Ole}};
 }
 
 // A usage map row for the pages of a table: type 0 when they fit 512 pages, else type 1 over bitmap pages.
@@ -368,7 +334,7 @@ QByteArray Mappa(Archivio& archivio, const QList<int>& pagine) {
     const int ultima = pagine.isEmpty() ? 0 : pagine.last();
     if (ultima - prima < 512) {
         m.append('\0');
-        Aggiungi32(m, static_cast<quint32>(prima));
+        Aggiungi<quint32>(m, static_cast<quint32>(prima));
         QByteArray bit(64, '\0');
         for (const int p : pagine)
             bit[(p - prima) / 8] = static_cast<char>(bit.at((p - prima) / 8) | (1 << ((p - prima) % 8)));
@@ -384,7 +350,7 @@ QByteArray Mappa(Archivio& archivio, const QList<int>& pagine) {
             if (p / PerPagina == j)
                 b[4 + (p % PerPagina) / 8] =
                     static_cast<char>(b.at(4 + (p % PerPagina) / 8) | (1 << (p % 8)));
-        Aggiungi32(m, static_cast<quint32>(bitmap));
+        Aggiungi<quint32>(m, static_cast<quint32>(bitmap));
     }
     return m;
 }
@@ -397,9 +363,9 @@ QByteArray Intestazione(const QString& password, double dataCreazione) {
     const char piane[] =
         "\x00\x01\x00\x00\x01\x01\x00\x00\x02\x00\x00\x00\x03\x00\x00\x00\x04\x00\x00\x00\x05\x00\x00\x00";
     std::memcpy(h.data() + 0x18, piane, 24);
-    Metti16(h, 0x3C, 1252);
-    Metti16(h, 0x6A, 0x11A6);
-    Metti16(h, 0x6E, 0x0409);
+    Metti<quint16>(h, 0x3C, 1252);
+    Metti<quint16>(h, 0x6A, 0x11A6);
+    Metti<quint16>(h, 0x6E, 0x0409);
     qToLittleEndian(dataCreazione, h.data() + 0x72);
     const QByteArray chiaro = Ucs2(password).leftJustified(40, '\0', true);
     const auto maschera = static_cast<quint32>(static_cast<qint32>(dataCreazione));
@@ -432,16 +398,8 @@ Piano Dati(Archivio& archivio, int definizione, const QList<ColonnaProva>& colon
     return piano;
 }
 
-QVariantList RigaCatalogo(const QString& nome, qint32 id, qint32 genitore, int tipo, qint32 bandiere,
-                          const QVariant& proprieta = {}) {
-    QVariantList v(17);
-    v[0] = id;
-    v[1] = genitore;
-    v[2] = nome;
-    v[3] = tipo;
-    v[7] = bandiere;
-    v[14] = proprieta;
-    return v;
+QVariantList RigaCatalogo(const QString& nome, qint32 id, qint32 bandiere, const QVariant& proprieta = {}) {
+    return {id, nome, 1, bandiere, proprieta};
 }
 
 } // namespace
@@ -457,15 +415,10 @@ void ScriviArchivioJet4(const QString& percorso, const QList<TabellaProva>& tabe
         const int definizione = archivio.NuovaPagina(2, 0);
         piani << Dati(archivio, definizione, t.colonne, t.righe);
     }
-    const auto sistema = static_cast<qint32>(0x80000000u);
     QList<QVariantList> catalogo{
-        RigaCatalogo(QStringLiteral("Tables"), 0x0F000001, 0x0F000000, 3, sistema),
-        RigaCatalogo(QStringLiteral("Databases"), 0x0F000002, 0x0F000000, 3, sistema),
-        RigaCatalogo(QStringLiteral("Relationships"), 0x0F000003, 0x0F000000, 3, sistema),
-        RigaCatalogo(QStringLiteral("MSysDb"), 0x0F000000, 0x0F000002, 2, sistema),
-        RigaCatalogo(QStringLiteral("MSysObjects"), 2, 0x0F000001, 1, sistema)};
+        RigaCatalogo(QStringLiteral("MSysObjects"), 2, static_cast<qint32>(0x80000000u))}; // a system table
     for (int i = 0; i < tabelle.size(); ++i)
-        catalogo << RigaCatalogo(tabelle.at(i).nome, piani.at(i).definizione, 0x0F000001, 1, 0,
+        catalogo << RigaCatalogo(tabelle.at(i).nome, piani.at(i).definizione, 0,
                                  Proprieta(tabelle.at(i).colonne));
     const QList<ColonnaProva> colonneCatalogo = ColonneCatalogo();
     const Piano piano = Dati(archivio, 2, colonneCatalogo, catalogo);
