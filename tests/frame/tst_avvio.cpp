@@ -22,7 +22,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QTextEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -264,10 +263,7 @@ private Q_SLOTS:
                  QCoreApplication::applicationDirPath() + QStringLiteral("/guidaorvix/index.html"));
         a.script.Modale([](QDialog& finestra) {
             auto& about = static_cast<frmAbout&>(finestra);
-            QCOMPARE(about.windowTitle() + "|" + about.lblTitle->text() + "|" + about.lblVersion->text(),
-                     "Informazioni su Orvix|ORVIX|Versione " + Programma::Versione());
-            QVERIFY(about.lblDescription->toPlainText().startsWith(
-                QStringLiteral("Orvix per Tarvino\n\nQuesto")));
+            QCOMPARE(about.lblVersion->text(), "Versione " + Programma::Versione());
             about.cmdOK->click();
         });
         a.frame->mnuAbout_Click();
