@@ -1,6 +1,7 @@
 #include "archiviotemporaneo.h"
 #include "campiprova.h"
 #include "interazionescriptata.h"
+#include "prune_pc.h"
 
 #include "aprirecord.h"
 #include "apriricerca.h"
@@ -18,18 +19,12 @@
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
 #include <QRegularExpression>
 #include <QtTest>
 #include <memory>
 #include <sqlcipher/sqlite3.h>
 
 namespace {
-
-QByteArray Contenuto(const QString& percorso) {
-    QFile file(percorso);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 void Scrivi(const QString& percorso, const QByteArray& dati) {
     QFile file(percorso);
@@ -62,19 +57,6 @@ QStringList IstantaneaDelFile(const QString& percorso) {
     return Istantanea(archivio);
 }
 
-// A plain SQLite file with the right tables and no key.
-void CreaSqliteInChiaro(const QString& percorso) {
-    sqlite3* db = nullptr;
-    QCOMPARE(sqlite3_open(percorso.toUtf8().constData(), &db), SQLITE_OK);
-    QCOMPARE(sqlite3_exec(db,
-                          "create table collezioni(id integer primary key, nome text, descrizione text, "
-                          "data_creazione text); create table campi(id integer primary key); create table "
-                          "valori(id_campo integer); insert into collezioni(nome) values('Estranea');",
-                          nullptr, nullptr, nullptr),
-             SQLITE_OK);
-    sqlite3_close(db);
-}
-
 } // namespace
 
 // Backup and restore through the real frame and the collections window's menu.
@@ -89,14 +71,11 @@ private:
     QString Archivio() const { return m_archivio->PercorsoArchivio(); }
     QString Altrove(const char* nome) const { return m_altrove.filePath(QLatin1String(nome)); }
     QStringList Attuale() { return Istantanea(Database()); }
-
-    QStringList Elencate() {
-        QStringList nomi;
-        for (int i = 0; i < IstanzaForm1()->List1->count(); ++i)
-            nomi << IstanzaForm1()->List1->item(i)->text();
-        return nomi;
+    QString Atteso(const QString& tipo) const {
+        return tipo + "|File di Backup...||" + AppPath() + "|dat|Files di Backup...=*.dat,Tutti i files=*.*";
     }
 
+    QStringList Elencate() { return Elencati(*IstanzaForm1()->List1); }
     QStringList Figli() {
         QStringList nomi;
         for (const QMdiSubWindow* figlio : m_frame->AreaFigli()->subWindowList())
@@ -123,21 +102,10 @@ private:
     void Rimetti(const QString& copia) { ConFile(IstanzaForm1()->mnuRestore, copia); }
 
     // The command as the menu runs it; the steps after the choice run from the event loop.
-    void Restore() {
+    void Restore(InterazioneScriptata& script) {
         IstanzaForm1()->mnuRestore->trigger();
         QCoreApplication::processEvents();
-    }
-
-    void CreaDati() {
-        const qint32 dischi = CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("in vinile"));
-        const qint32 titolo = AggiungiCampo(dischi, {{"nome", "Titolo"}});
-        const qint32 anno = AggiungiCampo(dischi, {{"nome", "Anno"}, {"top", 60}});
-        ScriviValore(titolo, 1, QStringLiteral("Blue Train"));
-        ScriviValore(anno, 1, QStringLiteral("1957"));
-        ScriviValore(titolo, 2, QStringLiteral("L'isola\r\nche non c'è"));
-        ScriviValore(anno, 2, QStringLiteral("1980"));
-        const qint32 libri = CreaCollezione(QStringLiteral("Libri"), QString());
-        ScriviValore(AggiungiCampo(libri, {{"nome", "Editore"}}), 1, QStringLiteral("Einaudi"));
+        VERIFICA_SCRIPT(script);
     }
 
     // Committed changes that stay in the log until the next checkpoint.
@@ -154,7 +122,15 @@ private Q_SLOTS:
 
     void init() {
         m_archivio = std::make_unique<ArchivioTemporaneo>();
-        CreaDati();
+        const qint32 dischi = CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("in vinile"));
+        const qint32 titolo = AggiungiCampo(dischi, {{"nome", "Titolo"}});
+        const qint32 anno = AggiungiCampo(dischi, {{"nome", "Anno"}, {"top", 60}});
+        ScriviValore(titolo, 1, QStringLiteral("Blue Train"));
+        ScriviValore(anno, 1, QStringLiteral("1957"));
+        ScriviValore(titolo, 2, QStringLiteral("L'isola\r\nche non c'è"));
+        ScriviValore(anno, 2, QStringLiteral("1980"));
+        ScriviValore(AggiungiCampo(CreaCollezione(QStringLiteral("Libri"), QString()), {{"nome", "Editore"}}),
+                     1, QStringLiteral("Einaudi"));
         m_frame = std::make_unique<frmMAIN>();
         CaricaCollezioniInLista(*IstanzaForm1()->List1);
         m_frame->show();
@@ -165,17 +141,8 @@ private Q_SLOTS:
         m_archivio.reset();
     }
 
-    void menuItemsCloseTheCollectionMenu() {
-        QStringList voci;
-        for (QAction* azione : IstanzaForm1()->mnuCollezioni->actions())
-            voci << azione->objectName() + QLatin1Char('=') + (azione->isSeparator() ? "-" : azione->text());
-        QCOMPARE(voci.mid(voci.indexOf("mnuEseguiRicerca=Esegui Ricerca")),
-                 QStringList({"mnuEseguiRicerca=Esegui Ricerca", "mnusepBack=-", "mnuBackup=Backup",
-                              "mnuRestore=Restore"}));
-    }
-
-    // The changes still sit in the log when the backup is taken; the copy holds them by itself,
-    // replaces the file already there, and a second backup with no change between is the same bytes.
+    // Changes still in the log are in the copy by itself; it replaces the file there, and a second
+    // backup with no change between is the same bytes.
     void backupIsAWholeStoreAndRepeatsExactly() {
         Cambia();
         QVERIFY(Log() > 0);
@@ -186,15 +153,7 @@ private Q_SLOTS:
         IstanzaForm1()->mnuBackup->trigger();
         IstanzaForm1()->mnuBackup->trigger();
         VERIFICA_SCRIPT(script);
-        const RichiestaFile& richiesta = script.Richieste().at(0).file;
-        QVERIFY(!richiesta.apertura);
-        QCOMPARE(richiesta.titolo, QStringLiteral("File di Backup..."));
-        QCOMPARE(richiesta.nomeFile, QString());
-        QCOMPARE(richiesta.cartellaIniziale, AppPath());
-        QCOMPARE(richiesta.estensione, QStringLiteral("dat"));
-        const QList<QPair<QString, QString>> filtri{{"Files di Backup...", "*.dat"},
-                                                    {"Tutti i files", "*.*"}};
-        QCOMPARE(richiesta.filtri, filtri);
+        QCOMPARE(DialogoFile(script.Richieste().at(0).file), Atteso("salva"));
         QCOMPARE(IstantaneaDelFile(Altrove("vecchio.dat")), atteso);
         QCOMPARE(Contenuto(Altrove("nuovo.dat")), Contenuto(Altrove("vecchio.dat")));
         QCOMPARE(Contenuto(Altrove("nuovo.dat")), Contenuto(Archivio()));
@@ -203,28 +162,25 @@ private Q_SLOTS:
 
     void backupWritesNothingWhenCancelledOrAimedAtTheStore_data() {
         QTest::addColumn<QString>("scelta");
-        QTest::addColumn<QString>("messaggio");
-        QTest::newRow("cancelled") << QString() << QString();
-        QTest::newRow("the store itself") << "personalizza.orx"
-                                          << "Il backup non può essere scritto sull'archivio stesso: ";
-        QTest::newRow("the store's log") << "personalizza.orx-wal"
-                                         << "Il backup non può essere scritto sull'archivio stesso: ";
+        QTest::newRow("cancelled") << QString();
+        QTest::newRow("the store itself") << "personalizza.orx";
+        QTest::newRow("the store's log") << "personalizza.orx-wal";
     }
     void backupWritesNothingWhenCancelledOrAimedAtTheStore() {
         QFETCH(QString, scelta);
-        QFETCH(QString, messaggio);
         Cambia();
         const QStringList atteso = Attuale();
         const QStringList file = QDir(m_archivio->Cartella()).entryList(QDir::Files);
         const QString percorso = scelta.isEmpty() ? scelta : AppPath() + scelta;
         InterazioneScriptata script;
         script.File(percorso);
-        if (!messaggio.isEmpty())
+        if (!scelta.isEmpty())
             script.Rispondi(Risposta::Ok);
         IstanzaForm1()->mnuBackup->trigger();
         VERIFICA_SCRIPT(script);
-        if (!messaggio.isEmpty())
-            QCOMPARE(Descrivi(script.Richieste().at(1).messaggio), messaggio + percorso + " | Orvix | 11");
+        if (!scelta.isEmpty())
+            QCOMPARE(Descrivi(script.Richieste().at(1).messaggio),
+                     "Il backup non può essere scritto sull'archivio stesso: " + percorso + " | Orvix | 11");
         QVERIFY(Log() > 0);
         QCOMPARE(QDir(m_archivio->Cartella()).entryList(QDir::Files), file);
         QCOMPARE(Attuale(), atteso);
@@ -245,21 +201,13 @@ private Q_SLOTS:
         const QPointer<Form1> prima = IstanzaForm1();
         InterazioneScriptata script;
         script.Rispondi(Risposta::Si).File(Altrove("copia.dat"));
-        Restore();
-        VERIFICA_SCRIPT(script);
+        Restore(script);
         QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
                  QStringLiteral("La finestra INSERIMENTO RECORD deve essere chiusa prima di procedere con "
                                 "l'operazione di RESTORE.\nSi desidera proseguire ugualmente chiudendo tale "
                                 "finestra automaticamente? | Orvix | 301"));
-        const RichiestaFile& richiesta = script.Richieste().at(1).file;
-        QVERIFY(richiesta.apertura);
-        QCOMPARE(richiesta.titolo, QStringLiteral("File di Backup..."));
-        QCOMPARE(richiesta.cartellaIniziale, AppPath());
-        QCOMPARE(richiesta.estensione, QStringLiteral("dat"));
-        QCOMPARE(richiesta.filtri.size(), 2);
-        QVERIFY(prima.isNull());
-        QVERIFY(!IstanzaRecord());
-        QVERIFY(!FinestraRicerca());
+        QCOMPARE(DialogoFile(script.Richieste().at(1).file), Atteso("apri"));
+        QVERIFY(prima.isNull() && !IstanzaRecord() && !FinestraRicerca());
         QCOMPARE(Figli(), QStringList{"Form1"});
         QVERIFY(IstanzaForm1()->isVisible() && m_frame->isVisible());
         QCOMPARE(IstanzaForm1()->IdCollezioneCorrente(), -1);
@@ -267,9 +215,8 @@ private Q_SLOTS:
         QCOMPARE(Attuale(), salvato);
         const QStringList copie = CopieRecupero();
         QCOMPARE(copie.size(), 1);
-        QVERIFY(QRegularExpression(QStringLiteral(R"(^personalizza\.orx\.prima-del-ripristino-\d{8}-\d{4}$)"))
-                    .match(copie.at(0))
-                    .hasMatch());
+        QVERIFY(copie.at(0).contains(
+            QRegularExpression(R"(^personalizza\.orx\.prima-del-ripristino-\d{8}-\d{4}$)")));
         QCOMPARE(IstantaneaDelFile(AppPath() + copie.at(0)), cambiato);
         // The restored store goes on working.
         CreaCollezione(QStringLiteral("Francobolli"), QString());
@@ -277,36 +224,32 @@ private Q_SLOTS:
         QCOMPARE(Elencate(), QStringList({"Dischi", "Libri", "Francobolli"}));
     }
 
-    void anythingButYesAtTheQuestionLeavesEverything_data() {
-        QTest::addColumn<Risposta>("risposta");
-        QTest::newRow("No") << Risposta::No;
-        QTest::newRow("Annulla") << Risposta::Annulla;
+    // No or Annulla at the question, or no file chosen: nothing closes, changes, or is copied.
+    void anythingButYesOrAFileLeavesEverything_data() {
+        QTest::addColumn<int>("risposta");
+        QTest::newRow("No") << int(Risposta::No);
+        QTest::newRow("Annulla") << int(Risposta::Annulla);
+        QTest::newRow("no file") << -1;
     }
-    void anythingButYesAtTheQuestionLeavesEverything() {
-        QFETCH(Risposta, risposta);
+    void anythingButYesOrAFileLeavesEverything() {
+        QFETCH(int, risposta);
         Backup(Altrove("copia.dat"));
         Cambia();
         const QStringList cambiato = Attuale();
-        ApriRecord(IstanzaForm1()->List1->item(0)->data(Qt::UserRole).toInt(), 1);
-        const QPointer<frmRecord> record = IstanzaRecord();
+        if (risposta >= 0)
+            ApriRecord(IstanzaForm1()->List1->item(0)->data(Qt::UserRole).toInt(), 1);
+        const QStringList figli = Figli();
         const QPointer<Form1> collezioni = IstanzaForm1();
         InterazioneScriptata script;
-        script.Rispondi(risposta);
-        Restore();
-        VERIFICA_SCRIPT(script);
-        QVERIFY(!record.isNull() && !collezioni.isNull());
-        QCOMPARE(Figli(), QStringList({"Form1", "frmRecord"}));
+        if (risposta >= 0)
+            script.Rispondi(Risposta(risposta));
+        else
+            script.File(QString());
+        Restore(script);
+        QCOMPARE(IstanzaForm1(), collezioni.data());
+        QCOMPARE(Figli(), figli);
         QVERIFY(Database().Aperta());
         QCOMPARE(Attuale(), cambiato);
-        QVERIFY(CopieRecupero().isEmpty());
-    }
-
-    void cancelInTheOpenDialogLeavesEverything() {
-        const QPointer<Form1> collezioni = IstanzaForm1();
-        const QStringList atteso = Attuale();
-        Rimetti(QString());
-        QCOMPARE(IstanzaForm1(), collezioni.data());
-        QCOMPARE(Attuale(), atteso);
         QVERIFY(CopieRecupero().isEmpty());
     }
 
@@ -323,8 +266,7 @@ private Q_SLOTS:
         ArchivioTemporaneo::CopiaVuoto(m_altrove.path());
         InterazioneScriptata script;
         script.File(Altrove("personalizza.orx")).Digita(QString());
-        Restore();
-        VERIFICA_SCRIPT(script);
+        Restore(script);
         QCOMPARE(script.Richieste().at(1).messaggio.testo,
                  QStringLiteral("Digita il nome della nuova Collezione?"));
         QVERIFY(Attuale().isEmpty());
@@ -349,14 +291,23 @@ private Q_SLOTS:
         QFETCH(QString, errore);
         Cambia();
         const QStringList atteso = Attuale();
-        if (dati == "sqlite")
-            CreaSqliteInChiaro(Altrove("sbagliato.dat"));
-        else
+        if (dati == "sqlite") { // a plain SQLite file with the right tables and no key
+            sqlite3* db = nullptr;
+            QCOMPARE(sqlite3_open(Altrove("sbagliato.dat").toUtf8().constData(), &db), SQLITE_OK);
+            QCOMPARE(
+                sqlite3_exec(db,
+                             "create table collezioni(id integer primary key, nome text, descrizione text, "
+                             "data_creazione text); create table campi(id integer primary key); create "
+                             "table valori(id_campo integer); insert into collezioni(nome) values('E');",
+                             nullptr, nullptr, nullptr),
+                SQLITE_OK);
+            sqlite3_close(db);
+        } else {
             Scrivi(Altrove("sbagliato.dat"), dati);
+        }
         InterazioneScriptata script;
         script.File(Altrove("sbagliato.dat")).Rispondi(Risposta::Ok);
-        Restore();
-        VERIFICA_SCRIPT(script);
+        Restore(script);
         const QString copia = AppPath() + CopieRecupero().value(0);
         QCOMPARE(Descrivi(script.Richieste().at(1).messaggio),
                  "Dopo il ripristino l'archivio non si apre:\n" + errore + ": " + Archivio() +
@@ -370,15 +321,16 @@ private Q_SLOTS:
         QCOMPARE(Elencate(), QStringList());
 
         InterazioneScriptata comandi;
-        comandi.Digita(QStringLiteral("Monete")).Digita(QString()).Rispondi(Risposta::Ok);
+        comandi.Digita(QStringLiteral("Monete"))
+            .Digita(QString())
+            .Rispondi(Risposta::Ok)
+            .Rispondi(Risposta::Ok);
         IstanzaForm1()->mnuNewCollection->trigger();
-        comandi.Rispondi(Risposta::Ok);
         m_frame->findChild<QAction*>(QStringLiteral("mnuApriGestioneCollezioni"))->trigger();
         VERIFICA_SCRIPT(comandi);
-        QCOMPARE(Descrivi(comandi.Richieste().at(2).messaggio),
-                 QStringLiteral("Il database non è aperto | Orvix | 11"));
-        QCOMPARE(Descrivi(comandi.Richieste().at(3).messaggio),
-                 QStringLiteral("Il database non è aperto | Orvix | 11"));
+        for (int i : {2, 3})
+            QCOMPARE(Descrivi(comandi.Richieste().at(i).messaggio),
+                     QStringLiteral("Il database non è aperto | Orvix | 11"));
 
         Rimetti(copia);
         QCOMPARE(Attuale(), atteso);
@@ -393,23 +345,19 @@ private Q_SLOTS:
         Scrivi(Altrove("testo.dat"), "non sono un archivio");
         Scrivi(Altrove("vuoto.dat"), QByteArray());
         InterazioneScriptata script;
-        script.File(Altrove("testo.dat"))
-            .Rispondi(Risposta::Ok)
-            .File(Altrove("vuoto.dat"))
-            .Rispondi(Risposta::Ok);
-        Restore();
+        script.File(Altrove("testo.dat")).Rispondi(Risposta::Ok);
+        Restore(script);
         const QStringList dopoPrimo = CopieRecupero();
-        Restore();
-        VERIFICA_SCRIPT(script);
+        script.File(Altrove("vuoto.dat")).Rispondi(Risposta::Ok);
+        Restore(script);
         const QStringList copie = CopieRecupero();
-        QCOMPARE(copie.size(), 2);
         QCOMPARE(dopoPrimo.size(), 1);
+        QCOMPARE(copie.size(), 2);
         const QString buona = AppPath() + dopoPrimo.at(0);
-        const QString seconda = AppPath() + (copie.at(0) == dopoPrimo.at(0) ? copie.at(1) : copie.at(0));
-        QCOMPARE(Contenuto(seconda), QByteArray("non sono un archivio"));
+        QCOMPARE(Contenuto(AppPath() + (copie.at(0) == dopoPrimo.at(0) ? copie.at(1) : copie.at(0))),
+                 QByteArray("non sono un archivio"));
         QVERIFY(script.Richieste().at(3).messaggio.testo.contains("conservato nel file:\n" + buona + "\n"));
         QCOMPARE(IstantaneaDelFile(buona), atteso);
-
         Rimetti(buona);
         QCOMPARE(Attuale(), atteso);
         QCOMPARE(Elencate(), QStringList({"Dischi", "Libri"}));
@@ -429,7 +377,8 @@ private Q_SLOTS:
                  SQLITE_OK);
         InterazioneScriptata script;
         script.File(Altrove("copia.dat")).Rispondi(Risposta::Ok);
-        Restore();
+        IstanzaForm1()->mnuRestore->trigger();
+        QCoreApplication::processEvents();
         sqlite3_exec(altro, "rollback", nullptr, nullptr, nullptr);
         sqlite3_close(altro);
         VERIFICA_SCRIPT(script);

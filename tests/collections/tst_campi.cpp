@@ -1,6 +1,7 @@
 #include "archiviotemporaneo.h"
 #include "campiprova.h"
 #include "interazionescriptata.h"
+#include "prune_pc.h"
 
 #include "archivio.h"
 #include "form1.h"
@@ -20,25 +21,6 @@
 #include <sqlcipher/sqlite3.h>
 
 namespace {
-
-// Every row of a query: its values joined by ';' (NULL as "-"), the rows by " / ".
-QString Valori(const QString& sql) {
-    QStringList righe;
-    for (Recordset rs = Database().ApriRecordset(sql); !rs.Fine(); rs.Successivo()) {
-        QStringList valori;
-        for (int i = 0; i < rs.NumeroColonne(); ++i)
-            valori << (rs.Campo(i).isNull() ? QStringLiteral("-") : rs.Campo(i).toString());
-        righe << valori.join(';');
-    }
-    return righe.join(" / ");
-}
-
-QStringList Elencati(const QListWidget& lista) {
-    QStringList nomi;
-    for (int i = 0; i < lista.count(); ++i)
-        nomi << lista.item(i)->text();
-    return nomi;
-}
 
 std::function<void(QDialog&)> ScegliTipo(int indice) {
     return [indice](QDialog& finestra) {
@@ -102,39 +84,28 @@ class TestCampi final : public QObject {
 private Q_SLOTS:
     void initTestCase() { UsaLocaleItaliano(); }
 
+    // Each option shows its own preview alone and SCEGLI gives its word; with none chosen, Annulla or
+    // Escape, the result is empty. The previews are drawn controls: of a fair size, not plain, all different.
     void chooserResultFollowsTheButtons() {
         ArchivioTemporaneo archivio;
         FrmScegliCampi scelta;
-        QCOMPARE(scelta.windowTitle(),
-                 QStringLiteral("Scegli il tipo di Controllo preferito per rappresentare il "
-                                "nuovo Campo (scegli tra 1 e 7)"));
-        QCOMPARE(scelta.cmdSCEGLI->text() + "|" + scelta.cmdANNULLA->text(),
-                 QStringLiteral("SCEGLI|Annulla"));
-        scelta.show();
-        for (QLabel* immagine : scelta.Pic1)
-            QVERIFY(!immagine->isVisible());
-        scelta.cmdSCEGLI->click();
-        QVERIFY(scelta.Risultato().isEmpty() && !scelta.isVisible());
-
-        // Each option shows its own preview alone, and SCEGLI gives its word.
-        for (int k = 0; k < 7; ++k) {
+        for (int k = -1; k < 7; ++k) {
             scelta.show();
-            auto* opzione = scelta.findChild<QRadioButton*>(QStringLiteral("Option%1").arg(k + 1));
-            // On the round indicator: the button is wider than what it draws, and only that takes clicks.
-            QTest::mouseClick(opzione, Qt::LeftButton, {}, QPoint(8, opzione->height() / 2));
+            if (k >= 0) { // on the round indicator: only what the button draws takes clicks
+                auto* opzione = scelta.findChild<QRadioButton*>(QStringLiteral("Option%1").arg(k + 1));
+                QTest::mouseClick(opzione, Qt::LeftButton, {}, QPoint(8, opzione->height() / 2));
+            }
             for (int i = 0; i < 7; ++i)
                 QCOMPARE(scelta.Pic1.at(i)->isVisible(), i == k);
             scelta.cmdSCEGLI->click();
-            QCOMPARE(scelta.Risultato(), ControlTypes().at(k));
+            QCOMPARE(scelta.Risultato(), k >= 0 ? ControlTypes().at(k) : QString());
+            QVERIFY(!scelta.isVisible());
         }
-        // Annulla clears the result; Escape cancels a real modal loop.
         scelta.show();
         scelta.cmdANNULLA->click();
         QVERIFY(scelta.Risultato().isEmpty() && !scelta.isVisible());
         QTimer::singleShot(0, &scelta, [&] { QTest::keyClick(&scelta, Qt::Key_Escape); });
         QCOMPARE(scelta.exec(), int(QDialog::Rejected));
-
-        // The previews are drawn controls: of a fair size, not plain, all different.
         QList<QImage> disegni;
         for (QLabel* immagine : scelta.Pic1) {
             const QImage disegno = immagine->pixmap().toImage();
@@ -147,17 +118,6 @@ private Q_SLOTS:
                      qPrintable(immagine->objectName()));
             disegni << disegno;
         }
-    }
-
-    void noCollectionNoField() {
-        ArchivioTemporaneo archivio;
-        Form1 form;
-        InterazioneScriptata script;
-        script.Rispondi(Risposta::Ok);
-        form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
-                 Descrivi({"Nessuna Collezione Selezionata!", "Orvix"}));
     }
 
     void eachTypeStoresItsRow_data() {
@@ -205,31 +165,6 @@ private Q_SLOTS:
                  QStringLiteral("Titolo;textbox;70;%1 / Controllo2;list;90;%1").arg(f.idCollezione));
     }
 
-    void existingRecordsGetTheTypedValue() {
-        Finestra f;
-        const qint32 titolo = f.NuovoCampo("Titolo");
-        for (int r = 1; r <= 3; ++r)
-            ScriviValore(titolo, r, QStringLiteral("t%1").arg(r));
-        // No "another field?" question follows once the collection has records.
-        f.script.Modale(ScegliTipo(1)).Modale(Conferma({{"Nome", "Editore"}})).Digita("L'isola d'Arturo");
-        f.form.mnuNewCampo->trigger();
-        // A cancelled value prompt still gives every record a row, empty.
-        f.script.Modale(ScegliTipo(2)).Modale(Conferma()).Digita(QString());
-        f.form.mnuNewCampo->trigger();
-        VERIFICA_SCRIPT(f.script);
-        const auto& domanda = f.script.Richieste().at(2);
-        QCOMPARE(
-            Descrivi(domanda.messaggio),
-            Descrivi({"Specifica il Valore del nuovo Campo da assegnare ai record preesistenti:", "Orvix"}));
-        QCOMPARE(domanda.predefinito, QString());
-        QCOMPARE(Elencati(*f.form.List2), QStringList({"Titolo", "Editore", "Controllo3"}));
-        const QString arturo = "L'isola d'Arturo";
-        QCOMPARE(ValoriDelCampo(DatoElemento(*f.form.List2, 1)),
-                 QStringList({"1=" + arturo, "2=" + arturo, "3=" + arturo}));
-        QCOMPARE(ValoriDelCampo(DatoElemento(*f.form.List2, 2)), QStringList({"1=", "2=", "3="}));
-        QCOMPARE(Valori("select distinct data_ins,data_mod from valori"), DataOggi() + ";" + DataOggi());
-    }
-
     void aDuplicateNameIsStoredAndListedByTheFirstMatch() {
         Finestra f;
         const qint32 autore = f.NuovoCampo("Autore");
@@ -271,22 +206,35 @@ private Q_SLOTS:
                  QStringLiteral("0|1635"));
     }
 
-    // The field row and the values of the existing records are one write: until the last value is
-    // stored nobody sees the field, and a failure on the way leaves no field at all.
-    void addingAFieldToRecordsIsAllOrNothing() {
+    // A field added to a collection with records gives each the typed value (empty if cancelled), with no
+    // "another field?" question. Field row and values are one write: nobody sees the field until the last
+    // value is stored, and a failure on the way leaves no field at all.
+    void existingRecordsGetTheTypedValueAllOrNothing() {
         Finestra f;
         const qint32 titolo = f.NuovoCampo("Titolo");
         for (int r = 1; r <= 3; ++r)
             ScriviValore(titolo, r, QStringLiteral("t%1").arg(r));
         QString vistoDaAltri;
-        f.script.Modale(ScegliTipo(0)).Modale(Conferma({{"Nome", "Anno"}})).Digita("1999", [&] {
+        const QString arturo = "L'isola d'Arturo";
+        f.script.Modale(ScegliTipo(1)).Modale(Conferma({{"Nome", "Editore"}})).Digita(arturo, [&] {
             vistoDaAltri = ContaDaFuori(f.archivio.PercorsoArchivio(), "select count(*) from campi");
         });
         f.form.mnuNewCampo->trigger();
+        f.script.Modale(ScegliTipo(2)).Modale(Conferma()).Digita(QString());
+        f.form.mnuNewCampo->trigger();
+        VERIFICA_SCRIPT(f.script);
         QCOMPARE(vistoDaAltri, QStringLiteral("1"));
-        QCOMPARE(Valori("select count(*) from valori where valore='1999'"), QStringLiteral("3"));
+        const auto& domanda = f.script.Richieste().at(2);
+        QCOMPARE(
+            Descrivi(domanda.messaggio),
+            Descrivi({"Specifica il Valore del nuovo Campo da assegnare ai record preesistenti:", "Orvix"}));
+        QCOMPARE(domanda.predefinito, QString());
+        QCOMPARE(Elencati(*f.form.List2), QStringList({"Titolo", "Editore", "Controllo3"}));
+        QCOMPARE(ValoriDelCampo(DatoElemento(*f.form.List2, 1)),
+                 QStringList({"1=" + arturo, "2=" + arturo, "3=" + arturo}));
+        QCOMPARE(ValoriDelCampo(DatoElemento(*f.form.List2, 2)), QStringList({"1=", "2=", "3="}));
+        QCOMPARE(Valori("select distinct data_ins,data_mod from valori"), DataOggi() + ";" + DataOggi());
 
-        // The third value fails: neither the field row nor the first two values stay.
         Database().Esegui("create trigger guasto before insert on valori when new.numerorecord in (3) "
                           "begin select raise(abort, 'disco pieno'); end");
         f.script.Modale(ScegliTipo(0))
@@ -296,9 +244,10 @@ private Q_SLOTS:
         f.form.mnuNewCampo->trigger();
         VERIFICA_SCRIPT(f.script);
         QVERIFY(f.script.TestiMessaggi().constLast().contains("disco pieno"));
-        QCOMPARE(Valori("select nome from campi order by id"), QStringLiteral("Titolo / Anno"));
+        QCOMPARE(Valori("select nome from campi order by id"),
+                 QStringLiteral("Titolo / Editore / Controllo3"));
         QCOMPARE(Valori("select count(*) from valori where valore='10'"), QStringLiteral("0"));
-        QCOMPARE(Elencati(*f.form.List2), QStringList({"Titolo", "Anno"}));
+        QCOMPARE(Elencati(*f.form.List2), QStringList({"Titolo", "Editore", "Controllo3"}));
     }
 
     void deletingAFieldKeepsItsValues() {

@@ -1,5 +1,7 @@
 #include "archiviotemporaneo.h"
+#include "campiprova.h"
 #include "interazionescriptata.h"
+#include "prune_pc.h"
 
 #include "archivio.h"
 #include "form1.h"
@@ -16,10 +18,6 @@
 #include <QtTest>
 
 namespace {
-
-QString Scalare(const QString& sql) {
-    return Database().ApriRecordset(sql).Campo(0).toString();
-}
 
 // The type chooser that "Nuova" leads to, closed with "Annulla".
 void AnnullaScelta(QDialog& scelta) {
@@ -49,30 +47,40 @@ class TestCollezioni final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    // A quote in the name shows the engine's error and creates nothing; the next name is trimmed, added
+    // and made current without a selection.
     void newCollectionIsAddedAndMadeCurrentWithoutSelection() {
         ArchivioTemporaneo archivio;
         CreaCollezione(QStringLiteral("Dischi"), QString());
         Finestra f;
         InterazioneScriptata script;
+        script.Digita(QStringLiteral("L'album")).Digita(QString()).Rispondi(Risposta::Ok);
+        f.form.mnuNewCollection->trigger();
+        VERIFICA_SCRIPT(script);
+        const auto& errore = script.Richieste().last().messaggio;
+        QVERIFY2(errore.testo.contains(QLatin1String("syntax error")) && errore.icona == Icona::Critica,
+                 qPrintable(errore.testo));
+        QCOMPARE(f.form.List1->count(), 1);
+
         script.Digita(QStringLiteral("  Farfalle  "))
             .Digita(QStringLiteral(" europee "))
             .Modale(AnnullaScelta);
         f.form.mnuNewCollection->trigger();
         VERIFICA_SCRIPT(script);
-        const auto& descrizione = script.Richieste().at(1).messaggio;
-        QCOMPARE(
-            descrizione.testo,
-            QStringLiteral("Se desideri puoi anche accompagnare alla tua collezione una breve descrizione?"));
-        QCOMPARE(descrizione.titolo, QStringLiteral("Descrivi la tua collezione"));
+        const auto& descrizione = script.Richieste().at(4).messaggio;
+        QCOMPARE(descrizione.testo + "|" + descrizione.titolo,
+                 QStringLiteral("Se desideri puoi anche accompagnare alla tua collezione una breve "
+                                "descrizione?|Descrivi la tua collezione"));
         QCOMPARE(f.form.List1->count(), 2);
         QCOMPARE(f.form.List1->item(1)->text(), QStringLiteral("Farfalle"));
         const qint32 id = f.form.List1->item(1)->data(Qt::UserRole).toInt();
         QCOMPARE(f.form.IdCollezioneCorrente(), id);
         QVERIFY(f.form.List1->selectedItems().isEmpty());
-        QCOMPARE(Scalare(QStringLiteral("select descrizione from collezioni where id=%1").arg(id)),
+        QCOMPARE(Valori(QStringLiteral("select descrizione from collezioni where id=%1").arg(id)),
                  QStringLiteral("europee"));
     }
 
+    // A blank name asks nothing more; a duplicate is silently not created and leaves no collection current.
     void cancelledOrDuplicateNamesCreateNothing() {
         ArchivioTemporaneo archivio;
         CreaCollezione(QStringLiteral("Dischi"), QString());
@@ -82,32 +90,13 @@ private Q_SLOTS:
         f.form.mnuNewCollection->trigger();
         VERIFICA_SCRIPT(script);
         QCOMPARE(script.Richieste().size(), 1);
-
-        // A duplicate is silently not created; with no collection current the field command says so.
         script.Digita(QStringLiteral("dischi")).Digita(QString()).Rispondi(Risposta::Ok);
         f.form.mnuNewCollection->trigger();
         VERIFICA_SCRIPT(script);
-        QCOMPARE(script.TestiMessaggi(), QStringList({"Nessuna Collezione Selezionata!"}));
+        QCOMPARE(Descrivi(script.Richieste().last().messaggio),
+                 Descrivi({"Nessuna Collezione Selezionata!", "Orvix"}));
         QCOMPARE(f.form.List1->count(), 1);
-        QCOMPARE(Scalare(QStringLiteral("select count(*) from collezioni")), QStringLiteral("1"));
-    }
-
-    void aQuoteInANewNameShowsTheEnginesErrorAndGoesOn() {
-        ArchivioTemporaneo archivio;
-        Finestra f;
-        InterazioneScriptata script;
-        script.Digita(QStringLiteral("L'album")).Digita(QString()).Rispondi(Risposta::Ok);
-        f.form.mnuNewCollection->trigger();
-        VERIFICA_SCRIPT(script);
-        const auto& errore = script.Richieste().last().messaggio;
-        QVERIFY2(errore.testo.contains(QLatin1String("syntax error")), qPrintable(errore.testo));
-        QCOMPARE(errore.icona, Icona::Critica);
-        QCOMPARE(f.form.List1->count(), 0);
-
-        script.Digita(QStringLiteral("Album")).Digita(QString()).Modale(AnnullaScelta);
-        f.form.mnuNewCollection->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(f.form.List1->count(), 1);
+        QCOMPARE(Valori(QStringLiteral("select count(*) from collezioni")), QStringLiteral("1"));
     }
 
     void selectingACollectionListsItsFields() {
@@ -115,10 +104,7 @@ private Q_SLOTS:
         const qint32 dischi = CreaCollezione(QStringLiteral("Dischi"), QString());
         CreaCollezione(QStringLiteral("Film"), QString());
         for (const char* nome : {"Titolo", "Autore"})
-            Database().Esegui(
-                QStringLiteral("insert into campi (id_collezione,nome,tipo) values (%1,'%2','textbox')")
-                    .arg(dischi)
-                    .arg(QLatin1String(nome)));
+            AggiungiCampo(dischi, {{"nome", QString::fromLatin1(nome)}});
         Finestra f;
         Clicca(f.form.List1, 0);
         QCOMPARE(f.form.IdCollezioneCorrente(), dischi);
@@ -138,17 +124,17 @@ private Q_SLOTS:
         InterazioneScriptata script;
         script.Rispondi(Risposta::Ok);
         f.form.mnuRinominaCollezione->trigger();
-        QCOMPARE(script.TestiMessaggi(), QStringList({"Selezionare una Collezione dall'apposita Lista!"}));
-        QCOMPARE(script.Richieste().last().messaggio.titolo, QStringLiteral("Orvix"));
+        QCOMPARE(Descrivi(script.Richieste().last().messaggio),
+                 Descrivi({"Selezionare una Collezione dall'apposita Lista!", "Orvix"}));
 
         Clicca(f.form.List1, 0);
         script.Digita(QStringLiteral(" Vinili d'epoca ")).Digita(QString());
         f.form.mnuRinominaCollezione->trigger();
         VERIFICA_SCRIPT(script);
-        QCOMPARE(script.Richieste().at(1).predefinito, QStringLiteral("Dischi"));
-        QCOMPARE(script.Richieste().at(1).messaggio.titolo, QStringLiteral("Nuovo nome..."));
-        QCOMPARE(Scalare(QStringLiteral("select nome from collezioni")), QStringLiteral("Vinili d'epoca"));
-        QCOMPARE(Scalare(QStringLiteral("select descrizione from collezioni")), QStringLiteral("vecchia"));
+        QCOMPARE(script.Richieste().at(1).predefinito + "|" + script.Richieste().at(1).messaggio.titolo,
+                 QStringLiteral("Dischi|Nuovo nome..."));
+        QCOMPARE(Valori(QStringLiteral("select nome||'|'||descrizione from collezioni")),
+                 QStringLiteral("Vinili d'epoca|vecchia"));
 
         // With a description the statement lacks its comma: the engine refuses it and says so,
         // the list shows the new name and the store keeps the old one.
@@ -157,7 +143,7 @@ private Q_SLOTS:
         VERIFICA_SCRIPT(script);
         QVERIFY(script.TestiMessaggi().last().contains(QLatin1String("syntax error")));
         QCOMPARE(f.form.List1->item(0)->text(), QStringLiteral("Dischi 2"));
-        QCOMPARE(Scalare(QStringLiteral("select nome from collezioni")), QStringLiteral("Vinili d'epoca"));
+        QCOMPARE(Valori(QStringLiteral("select nome from collezioni")), QStringLiteral("Vinili d'epoca"));
 
         script.Digita(QString());
         f.form.mnuRinominaCollezione->trigger();
@@ -165,17 +151,29 @@ private Q_SLOTS:
         QCOMPARE(f.form.List1->item(0)->text(), QStringLiteral("Dischi 2"));
     }
 
+    // With no selection Delete does nothing and asks nothing, and the popups still open; with one, it asks
+    // and then clears the lists, the grid and the current ids.
     void deleteAsksAndClearsEverything() {
         ArchivioTemporaneo archivio;
         const qint32 dischi = CreaCollezione(QStringLiteral("Dischi"), QString());
         CreaCollezione(QStringLiteral("Film"), QString());
-        Database().Esegui(
-            QStringLiteral("insert into campi (id_collezione,nome) values (%1,'Titolo')").arg(dischi));
+        AggiungiCampo(dischi, {{"nome", "Titolo"}});
         Finestra f;
         InterazioneScriptata script;
+        QTest::keyClick(f.form.List1, Qt::Key_Delete);
+        f.form.mnuDelCollection->trigger();
+        QTest::keyClick(f.form.List2, Qt::Key_Delete);
+        QCOMPARE(f.form.List1->count(), 2);
+        RilasciaDestro(f.form.List1);
+        QTRY_VERIFY(f.form.mnuCollezioni->isVisible());
+        f.form.mnuCollezioni->hide();
+        RilasciaDestro(f.form.List2);
+        QTRY_VERIFY(f.form.mnuCampi->isVisible());
+        f.form.mnuCampi->hide();
+        QVERIFY(script.Richieste().isEmpty());
+
         Clicca(f.form.List1, 0);
         Clicca(f.form.List2, 0);
-
         script.Rispondi(Risposta::No);
         f.form.mnuDelCollection->trigger();
         QCOMPARE(Descrivi(script.Richieste().last().messaggio),
@@ -186,40 +184,15 @@ private Q_SLOTS:
         script.Rispondi(Risposta::Si);
         QTest::keyClick(f.form.List1, Qt::Key_Delete);
         VERIFICA_SCRIPT(script);
-        QCOMPARE(f.form.List1->count(), 1);
-        QCOMPARE(f.form.List2->count(), 0);
-        QCOMPARE(f.form.Lv1->topLevelItemCount(), 0);
-        QCOMPARE(f.form.IdCollezioneCorrente(), -1);
-        QCOMPARE(f.form.IdCampoCorrente(), -1);
+        QCOMPARE(QList<int>({int(f.form.List1->count()), int(f.form.List2->count()),
+                             f.form.Lv1->topLevelItemCount(), f.form.IdCollezioneCorrente(),
+                             f.form.IdCampoCorrente()}),
+                 QList<int>({1, 0, 0, -1, -1}));
         QVERIFY(f.form.List1->selectedItems().isEmpty());
         // Only the collection row goes; its fields stay behind.
-        QCOMPARE(Scalare(QStringLiteral("select count(*) from collezioni")), QStringLiteral("1"));
-        QCOMPARE(Scalare(QStringLiteral("select count(*) from campi")), QStringLiteral("1"));
-
-        script.Rispondi(Risposta::Ok);
-        f.form.mnuNewCampo->trigger();
-        QCOMPARE(script.TestiMessaggi().last(), QStringLiteral("Nessuna Collezione Selezionata!"));
-        VERIFICA_SCRIPT(script);
-    }
-
-    void withNoSelectionDeleteDoesNothingAndPopupsStillOpen() {
-        ArchivioTemporaneo archivio;
-        CreaCollezione(QStringLiteral("Dischi"), QString());
-        Finestra f;
-        InterazioneScriptata script;
-        QTest::keyClick(f.form.List1, Qt::Key_Delete);
-        f.form.mnuDelCollection->trigger();
-        QTest::keyClick(f.form.List2, Qt::Key_Delete);
-        QCOMPARE(f.form.List1->count(), 1);
-
-        RilasciaDestro(f.form.List1);
-        QTRY_VERIFY(f.form.mnuCollezioni->isVisible());
-        f.form.mnuCollezioni->hide();
-        RilasciaDestro(f.form.List2);
-        QTRY_VERIFY(f.form.mnuCampi->isVisible());
-        f.form.mnuCampi->hide();
-        VERIFICA_SCRIPT(script);
-        QVERIFY(script.Richieste().isEmpty());
+        QCOMPARE(Valori(QStringLiteral("select count(*) from collezioni")) + "|" +
+                     Valori(QStringLiteral("select count(*) from campi")),
+                 QStringLiteral("1|1"));
     }
 
     // "Visualizza in Anteprima" opens the layout designer of the current collection, or says there is none.

@@ -1,6 +1,7 @@
 #include "archiviotemporaneo.h"
 #include "campiprova.h"
 #include "interazionescriptata.h"
+#include "prune_pc.h"
 
 #include "archivio.h"
 #include "form1.h"
@@ -17,8 +18,7 @@
 
 namespace {
 
-// A temporary store with a collection of two fields, shown in the collections window with the first field
-// selected; prompts are scripted.
+// A collection of two fields in the collections window, the first field selected; prompts are scripted.
 struct Finestra {
     Finestra() {
         idCollezione = CreaCollezione("Libri", QString());
@@ -108,36 +108,25 @@ private Q_SLOTS:
         QCOMPARE(f.Valore("default"), QStringLiteral("nessuno|"));
     }
 
+    // A number over an empty value fails the numeric test, which looks at the value before the edit.
     void numericTestLooksAtTheValueBeforeTheEdit() {
         Finestra f;
-        // Text over a number passes the test; the store then refuses it and the grid keeps the stored value.
-        f.script.Rispondi(Risposta::Ok);
-        f.griglia->FineModifica(f.Riga("width"), "abc");
-        VERIFICA_SCRIPT(f.script);
-        const Messaggio& rifiuto = f.script.Richieste().at(0).messaggio;
-        QVERIFY2(
-            rifiuto.testo.startsWith("Il valore «abc» non può essere salvato nella proprietà WIDTH.\n\n") &&
-                rifiuto.testo.contains("CHECK constraint failed: width deve essere un numero intero") &&
-                rifiuto.titolo == "Orvix" && rifiuto.icona == Icona::Esclamativa,
-            qPrintable(Descrivi(rifiuto)));
-        QCOMPARE(f.Valore("width"), QStringLiteral("120|120"));
-        QCOMPARE(f.griglia->currentItem(), f.Riga("width"));
-
-        // A number over an empty value fails the test.
         f.form.List2->setCurrentRow(1);
         f.script.Rispondi(Risposta::Ok);
         f.griglia->FineModifica(f.Riga("height"), "100");
         VERIFICA_SCRIPT(f.script);
-        QCOMPARE(Descrivi(f.script.Richieste().at(1).messaggio),
+        QCOMPARE(Descrivi(f.script.Richieste().at(0).messaggio),
                  Descrivi({"Proprietà HEIGHT non valida!", "Orvix"}));
         QCOMPARE(f.Valore("height"), QStringLiteral("|"));
         QCOMPARE(f.griglia->currentItem(), f.Riga("height"));
     }
 
-    // The test of the old value passes; the store takes only whole pixels it can place.
+    // Over a number the test passes; the store takes only whole pixels it can place, and on a refusal the
+    // grid keeps the stored value and stays on its row.
     void theStoreKeepsSizesWhole_data() {
         QTest::addColumn<QString>("valore");
         QTest::addColumn<bool>("accettato");
+        QTest::newRow("text") << "abc" << false;
         QTest::newRow("twenty digits") << "99999999999999999999" << false;
         QTest::newRow("10240 digits") << QString(10240, u'9') << false;
         QTest::newRow("decimal comma") << "1,5" << false;
@@ -160,9 +149,17 @@ private Q_SLOTS:
                      .Campo(0)
                      .toInt(),
                  0);
-        if (!accettato)
-            QVERIFY(f.script.TestiMessaggi().constFirst().contains(
-                "width deve essere un numero intero da 0 a 32767"));
+        if (accettato)
+            return;
+        QCOMPARE(f.griglia->currentItem(), f.Riga("width"));
+        const Messaggio& rifiuto = f.script.Richieste().at(0).messaggio;
+        QVERIFY2(
+            rifiuto.testo.startsWith("Il valore «") &&
+                rifiuto.testo.contains("» non può essere salvato nella proprietà WIDTH.\n\n") &&
+                rifiuto.testo.contains("CHECK constraint failed: width deve essere un numero intero da 0 a "
+                                       "32767") &&
+                rifiuto.titolo == "Orvix" && rifiuto.icona == Icona::Esclamativa,
+            qPrintable(Descrivi(rifiuto)));
     }
 
     void nameIsCheckedAgainstTheListAsShown() {

@@ -1,5 +1,6 @@
 #include "archiviotemporaneo.h"
 #include "interazionescriptata.h"
+#include "prune_pc.h"
 
 #include "archivio.h"
 #include "avvio.h"
@@ -21,8 +22,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QStatusBar>
-#include <QTextEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -30,16 +29,9 @@
 
 namespace {
 
-QStringList TitoliMenu(QMenuBar* barra) {
-    QStringList titoli;
-    for (QAction* azione : barra->actions())
-        titoli << azione->text();
-    return titoli;
-}
-
-QStringList VociMenu(QMenu* menu) {
+QStringList VociMenu(const QList<QAction*>& azioni) {
     QStringList voci;
-    for (QAction* azione : menu->actions())
+    for (QAction* azione : azioni)
         voci << (azione->isSeparator() ? QStringLiteral("-") : azione->text());
     return voci;
 }
@@ -59,26 +51,34 @@ QProcessEnvironment AmbienteProva(const QString& cartella) {
     return ambiente;
 }
 
-// Root writes wherever it likes: a store made read-only is tried as an ordinary user.
-QProcess* AvviaSenzaPrivilegi(const QString& eseguibile, const QString& runtime, QObject* genitore) {
-    auto* programma = new QProcess(genitore);
-    programma->setProcessEnvironment(AmbienteProva(runtime));
-    if (geteuid() == 0) {
-        // The runtime folder must belong to the user who runs the program.
-        QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        if (chown(QFile::encodeName(runtime).constData(), 65534, 65534) != 0)
-            qWarning("chown of the runtime folder failed");
-        programma->start(QStringLiteral("setpriv"),
-                         {"--reuid=65534", "--regid=65534", "--clear-groups", "--", eseguibile});
-    } else {
-        programma->start(eseguibile, {});
-    }
-    return programma;
+// A run of the program to its end: exit code (-1 if it hung or crashed), standard output and error.
+struct Esito {
+    int uscita = -1;
+    QString uscitaStandard, errore;
+};
+Esito Esegui(const QString& programma, const QStringList& argomenti, const QProcessEnvironment& ambiente) {
+    QProcess processo;
+    processo.setProcessEnvironment(ambiente);
+    processo.start(programma, argomenti);
+    Esito esito;
+    if (processo.waitForFinished(20000) && processo.exitStatus() == QProcess::NormalExit)
+        esito.uscita = processo.exitCode();
+    esito.uscitaStandard = QString::fromLocal8Bit(processo.readAllStandardOutput());
+    esito.errore = QString::fromLocal8Bit(processo.readAllStandardError());
+    return esito;
 }
 
-QByteArray Contenuto(const QString& percorso) {
-    QFile file(percorso);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+// Root writes wherever it likes: a store made read-only is tried as an ordinary user.
+Esito EseguiSenzaPrivilegi(const QString& eseguibile, const QString& runtime) {
+    if (geteuid() != 0)
+        return Esegui(eseguibile, {}, AmbienteProva(runtime));
+    // The runtime folder must belong to the user who runs the program.
+    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    if (chown(QFile::encodeName(runtime).constData(), 65534, 65534) != 0)
+        qWarning("chown of the runtime folder failed");
+    return Esegui(QStringLiteral("setpriv"),
+                  {"--reuid=65534", "--regid=65534", "--clear-groups", "--", eseguibile},
+                  AmbienteProva(runtime));
 }
 
 constexpr auto Aperta = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup |
@@ -87,64 +87,50 @@ constexpr auto Aperta = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
 constexpr auto SolaLettura = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
                              QFile::ReadOther | QFile::ExeOther;
 
+// The real start on a store holding the given collections; prompts are scripted.
+struct Avviato {
+    explicit Avviato(const QStringList& collezioni = {"Dischi"}) {
+        for (const QString& nome : collezioni)
+            CreaCollezione(nome, QString());
+        frame.reset(EseguiAvvio(archivio.Cartella()));
+    }
+    ArchivioTemporaneo archivio;
+    InterazioneScriptata script;
+    std::unique_ptr<frmMAIN> frame;
+};
+
 } // namespace
 
 class TestAvvio final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void emptyStorePromptsBeforeTheFrameShows() {
+    // The first collection's prompts come before the frame shows; cancelled, or failed on a quote or a
+    // refused width, they end quietly, the program goes on, and the menu's next try shows the engine's
+    // message.
+    void theFirstCollectionsPromptsEndQuietly_data() {
+        QTest::addColumn<QStringList>("risposte"); // collection, field, width
+        QTest::addColumn<int>("elencate");
+        QTest::newRow("cancelled") << QStringList{QString()} << 0;
+        QTest::newRow("quote in the collection") << QStringList{"L'isola d'Arturo"} << 0;
+        QTest::newRow("quote in the field") << QStringList{"Romanzi", "L'autore", "200"} << 1;
+        QTest::newRow("refused width") << QStringList{"Romanzi", "Autore", "12,5"} << 1;
+    }
+    void theFirstCollectionsPromptsEndQuietly() {
+        QFETCH(QStringList, risposte);
+        QFETCH(int, elencate);
         ArchivioTemporaneo archivio;
-        const QString cartella = archivio.Cartella();
         ChiudiDatabase();
         InterazioneScriptata script;
         bool frameVisibileAlPrompt = true;
-        script.Digita(QString(), [&] {
+        script.Digita(risposte.at(0), [&] {
             frameVisibileAlPrompt = false;
             for (QWidget* finestra : QApplication::topLevelWidgets())
                 frameVisibileAlPrompt |= qobject_cast<frmMAIN*>(finestra) && finestra->isVisible();
         });
-        std::unique_ptr<frmMAIN> frame(EseguiAvvio(cartella));
-        VERIFICA_SCRIPT(script);
-        QVERIFY(!frameVisibileAlPrompt);
-        QCOMPARE(script.Richieste().at(0).messaggio.testo,
-                 QStringLiteral("Digita il nome della nuova Collezione?"));
-        QCOMPARE(script.Richieste().at(0).messaggio.titolo, QStringLiteral("Cosa collezioni?"));
-        QVERIFY(frame->isVisible());
-        Form1* collezioni = IstanzaForm1();
-        QVERIFY(collezioni && collezioni->isVisible());
-        QCOMPARE(collezioni->List1->count(), 0);
-        QCOMPARE(collezioni->IdCollezioneCorrente(), -1);
-        QCOMPARE(collezioni->IdCampoCorrente(), -1);
-    }
-
-    // A failure in the first collection's prompts ends them quietly; the program goes on with the frame
-    // and the collections window, and the menu's next attempt shows the engine's message.
-    void aFailedFirstCollectionLeavesTheProgramRunning_data() {
-        QTest::addColumn<QString>("collezione");
-        QTest::addColumn<QString>("campo");
-        QTest::addColumn<QString>("larghezza");
-        QTest::addColumn<QString>("elencate");
-        QTest::newRow("quote in the collection") << "L'isola d'Arturo" << QString() << QString() << "0";
-        QTest::newRow("quote in the field") << "Romanzi"
-                                            << "L'autore"
-                                            << "200"
-                                            << "1";
-        QTest::newRow("refused width") << "Romanzi"
-                                       << "Autore"
-                                       << "12,5"
-                                       << "1";
-    }
-    void aFailedFirstCollectionLeavesTheProgramRunning() {
-        QFETCH(QString, collezione);
-        QFETCH(QString, campo);
-        QFETCH(QString, larghezza);
-        QFETCH(QString, elencate);
-        ArchivioTemporaneo archivio;
-        ChiudiDatabase();
-        InterazioneScriptata script;
-        script.Digita(collezione).Digita(QString());
-        if (!campo.isEmpty()) {
+        if (!risposte.at(0).isEmpty())
+            script.Digita(QString());
+        if (risposte.size() > 1) {
             script.Modale([](QDialog& scelta) {
                 scelta.findChild<QRadioButton*>(QStringLiteral("Option1"))->click();
                 scelta.findChild<QPushButton*>(QStringLiteral("cmdSCEGLI"))->click();
@@ -154,103 +140,86 @@ private Q_SLOTS:
                 const auto riga = [&](const char* nome) {
                     return dialogo.LV1->findItems(QLatin1String(nome), Qt::MatchExactly, 1).constFirst();
                 };
-                dialogo.FineModifica(riga("Nome"), campo);
-                dialogo.FineModifica(riga("Width"), larghezza);
+                dialogo.FineModifica(riga("Nome"), risposte.at(1));
+                dialogo.FineModifica(riga("Width"), risposte.at(2));
                 dialogo.cmdSCEGLI->click();
                 if (!dialogo.Confermato)
                     dialogo.cmdANNULLA->click(); // the dialog said why and stayed open
             });
-            if (!MisuraAmmessa(larghezza))
+            if (!MisuraAmmessa(risposte.at(2)))
                 script.Rispondi(Risposta::Ok);
         }
         std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
         VERIFICA_SCRIPT(script);
-        QVERIFY(frame->isVisible());
-        QVERIFY(IstanzaForm1() && IstanzaForm1()->isVisible());
-        QCOMPARE(QString::number(IstanzaForm1()->List1->count()), elencate);
+        QVERIFY(!frameVisibileAlPrompt);
+        QCOMPARE(script.Richieste().at(0).messaggio.testo + "|" + script.Richieste().at(0).messaggio.titolo,
+                 QStringLiteral("Digita il nome della nuova Collezione?|Cosa collezioni?"));
+        QVERIFY(frame->isVisible() && IstanzaForm1() && IstanzaForm1()->isVisible());
+        QCOMPARE(IstanzaForm1()->List1->count(), elencate);
         QCOMPARE(Database().ApriRecordset(QStringLiteral("select count(*) from campi")).Campo(0).toInt(), 0);
-        if (campo.isEmpty()) {
-            script.Digita(collezione).Digita(QString()).Rispondi(Risposta::Ok);
+        if (elencate == 0) {
+            QCOMPARE(IstanzaForm1()->IdCollezioneCorrente(), -1);
+            QCOMPARE(IstanzaForm1()->IdCampoCorrente(), -1);
+        }
+        if (risposte.size() == 1 && !risposte.at(0).isEmpty()) {
+            script.Digita(risposte.at(0)).Digita(QString()).Rispondi(Risposta::Ok);
             IstanzaForm1()->mnuNewCollection->trigger();
             VERIFICA_SCRIPT(script);
-            QVERIFY(script.TestiMessaggi().constLast().contains(QLatin1String("syntax error")));
+            const Messaggio& errore = script.Richieste().constLast().messaggio;
+            QVERIFY(errore.testo.contains(QLatin1String("syntax error")) && errore.icona == Icona::Critica);
         }
     }
 
-    void storeWithCollectionsShowsThemWithoutPrompting() {
-        ArchivioTemporaneo archivio;
-        CreaCollezione(QStringLiteral("Dischi"), QString());
-        CreaCollezione(QStringLiteral("Film"), QString());
-        InterazioneScriptata script;
-        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(IstanzaForm1()->List1->count(), 2);
-        QCOMPARE(IstanzaForm1()->List1->item(1)->text(), QStringLiteral("Film"));
-        QCOMPARE(frame->windowTitle(), TitoloFrame(Programma::VersioneMaggiore(), Programma::VersioneMinore(),
-                                                   Programma::Revisione()));
+    // A store with collections shows them with no prompt, under the collections window's menus; with the
+    // window closed the frame's own menus come back, and the window returns with a fresh list.
+    void storeWithCollectionsShowsThemAndTheirMenus() {
+        Avviato a({"Dischi", "Film"});
+        QCOMPARE(Elencati(*IstanzaForm1()->List1), QStringList({"Dischi", "Film"}));
+        QCOMPARE(a.frame->windowTitle(), TitoloFrame(Programma::VersioneMaggiore(),
+                                                     Programma::VersioneMinore(), Programma::Revisione()));
         QCOMPARE(TitoloFrame(1, 2, 3), QStringLiteral("Orvix - versione 1.2.3 BETA"));
 
-        frame->MostraStato(QStringLiteral("Pronto"));
-        QCOMPARE(frame->Sbar1->currentMessage(), QStringLiteral("Pronto"));
-        const QString cartellaFoto = qEnvironmentVariable("ORVIX_SCREENSHOTS");
-        if (!cartellaFoto.isEmpty()) {
-            IstanzaForm1()->List1->setCurrentRow(0);
-            QVERIFY(frame->grab().save(cartellaFoto + QStringLiteral("/frame.png")));
-        }
-    }
-
-    void childMenusTakeThePlaceOfTheFramesOwn() {
-        ArchivioTemporaneo archivio;
-        CreaCollezione(QStringLiteral("Dischi"), QString());
-        InterazioneScriptata script;
-        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
-        QCOMPARE(TitoliMenu(frame->menuBar()), QStringList({"Collezione", "Campi"}));
-        QCOMPARE(VociMenu(IstanzaForm1()->mnuCollezioni),
+        QCOMPARE(VociMenu(a.frame->menuBar()->actions()), QStringList({"Collezione", "Campi"}));
+        QCOMPARE(VociMenu(IstanzaForm1()->mnuCollezioni->actions()),
                  QStringList({"Nuova", "Nuova da Modello...", "Rinomina", "Elimina", "-", "Inserisci Record",
                               "-", "Esporta", "Importa...", "Stampa...", "-", "Esegui Ricerca", "-", "Backup",
                               "Restore"}));
-        QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi),
+        QCOMPARE(VociMenu(IstanzaForm1()->mnuCampi->actions()),
                  QStringList({"Crea Nuovo Campo", "Elimina Campo", "-", "Consenti Modifica Proprietà",
                               "Visualizza in Anteprima"}));
 
-        frame->AreaFigli()->closeAllSubWindows();
+        a.frame->AreaFigli()->closeAllSubWindows();
         QTRY_VERIFY(!IstanzaForm1());
-        QCOMPARE(TitoliMenu(frame->menuBar()), QStringList({"&File", "Finestra", "&?"}));
-        QCOMPARE(VociMenu(frame->mnuFIle), QStringList({"Gestione Collezioni", "-", "Esci"}));
-        QCOMPARE(VociMenu(frame->mnuWindow),
-                 QStringList({"Affianca in Verticale", "Affianca in Orizzontale"}));
-        QCOMPARE(VociMenu(frame->mnuH), QStringList({"Help", "Informazioni su..."}));
+        QCOMPARE(VociMenu(a.frame->menuBar()->actions()), QStringList({"&File", "Finestra", "&?"}));
+        QCOMPARE(
+            VociMenu(a.frame->mnuFIle->actions() + a.frame->mnuWindow->actions() + a.frame->mnuH->actions()),
+            QStringList({"Gestione Collezioni", "-", "Esci", "Affianca in Verticale",
+                         "Affianca in Orizzontale", "Help", "Informazioni su..."}));
 
-        // Brought back with a freshly loaded list.
         CreaCollezione(QStringLiteral("Francobolli"), QString());
-        frame->findChild<QAction*>(QStringLiteral("mnuApriGestioneCollezioni"))->trigger();
+        a.frame->findChild<QAction*>(QStringLiteral("mnuApriGestioneCollezioni"))->trigger();
         QVERIFY(IstanzaForm1() && IstanzaForm1()->isVisible());
-        QCOMPARE(IstanzaForm1()->List1->count(), 2);
+        QCOMPARE(Elencati(*IstanzaForm1()->List1), QStringList({"Dischi", "Film", "Francobolli"}));
         QCOMPARE(IstanzaForm1()->IdCollezioneCorrente(), -1);
-        QCOMPARE(frame->AreaFigli()->subWindowList().size(), 1);
-        VERIFICA_SCRIPT(script);
+        QCOMPARE(a.frame->AreaFigli()->subWindowList().size(), 1);
+        VERIFICA_SCRIPT(a.script);
     }
 
+    // A child keeps the size it asked for, where it covers no other; one larger than the frame is cut
+    // down when a layout arranges it, while a form of placed controls keeps its size and the frame scrolls.
     void childrenKeepTheirSizeAndTile() {
-        ArchivioTemporaneo archivio;
-        CreaCollezione(QStringLiteral("Dischi"), QString());
-        InterazioneScriptata script;
-        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        Avviato a;
+        frmMAIN* frame = a.frame.get();
         frame->resize(1400, 1000);
         QCoreApplication::processEvents();
         auto* altra = new QWidget;
-        altra->setWindowTitle(QStringLiteral("Altra"));
         altra->resize(300, 200);
         frame->MostraFiglia(altra);
-        // A child gets the room it asked for inside the frame's decorations, where it covers no
-        // other child; one larger than the frame is cut down to the frame.
         QCOMPARE(altra->size(), QSize(300, 200));
         const auto figli = frame->AreaFigli()->subWindowList();
         const QRect area(QPoint(), frame->AreaFigli()->viewport()->size());
         QVERIFY(!figli.at(0)->geometry().intersects(figli.at(1)->geometry()));
         QVERIFY(area.contains(figli.at(1)->geometry()));
-        // One larger than the frame: cut down to the frame when a layout arranges it; a form of
-        // placed controls keeps its size, and the frame scrolls to show all of it.
         auto* disposta = new QWidget;
         new QVBoxLayout(disposta);
         disposta->resize(5000, 4000);
@@ -261,114 +230,89 @@ private Q_SLOTS:
         frame->MostraFiglia(modulo);
         QCOMPARE(modulo->size(), QSize(3000, 2500));
         QCoreApplication::processEvents();
-        QVERIFY(frame->AreaFigli()->verticalScrollBar()->isVisible());
-        frame->AreaFigli()->verticalScrollBar()->setValue(frame->AreaFigli()->verticalScrollBar()->maximum());
+        QScrollBar* barra = frame->AreaFigli()->verticalScrollBar();
+        QVERIFY(barra->isVisible());
+        barra->setValue(barra->maximum());
         QVERIFY(frame->AreaFigli()->viewport()->rect().intersects(
             frame->AreaFigli()->subWindowList().at(3)->geometry()));
         delete disposta;
         delete modulo;
         frame->Affianca(true);
-        QCOMPARE(figli.at(0)->y(), figli.at(1)->y());
-        QVERIFY(figli.at(0)->x() != figli.at(1)->x());
+        QVERIFY(figli.at(0)->y() == figli.at(1)->y() && figli.at(0)->x() != figli.at(1)->x());
         frame->Affianca(false);
-        QCOMPARE(figli.at(0)->x(), figli.at(1)->x());
-        QVERIFY(figli.at(0)->y() != figli.at(1)->y());
+        QVERIFY(figli.at(0)->x() == figli.at(1)->x() && figli.at(0)->y() != figli.at(1)->y());
     }
 
+    // Esci closes the store; the next start finds the frame where the user left it.
     void exitClosesTheStore() {
-        ArchivioTemporaneo archivio;
-        CreaCollezione(QStringLiteral("Dischi"), QString());
-        InterazioneScriptata script;
-        QPointer<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
+        Avviato a;
+        QPointer<frmMAIN> frame(a.frame.release());
         frame->setGeometry(40, 50, 700, 500);
         frame->findChild<QAction*>(QStringLiteral("mnuEsci"))->trigger();
         QTRY_VERIFY(!frame);
         QVERIFY(!Database().Aperta());
-        // The next start finds the frame where the user left it.
-        std::unique_ptr<frmMAIN> dopo(EseguiAvvio(archivio.Cartella()));
+        std::unique_ptr<frmMAIN> dopo(EseguiAvvio(a.archivio.Cartella()));
         QCOMPARE(dopo->geometry(), QRect(40, 50, 700, 500));
     }
 
     void helpAndAboutGoThroughTheShell() {
-        ArchivioTemporaneo archivio;
-        CreaCollezione(QStringLiteral("Dischi"), QString());
-        InterazioneScriptata script;
-        std::unique_ptr<frmMAIN> frame(EseguiAvvio(archivio.Cartella()));
-        script.Shell(false);
-        frame->mnuHelp_Click();
-        QCOMPARE(script.Richieste().last().predefinito,
+        Avviato a;
+        a.script.Shell(false);
+        a.frame->mnuHelp_Click();
+        QCOMPARE(a.script.Richieste().last().predefinito,
                  QCoreApplication::applicationDirPath() + QStringLiteral("/guidaorvix/index.html"));
-
-        script.Modale([](QDialog& finestra) {
+        a.script.Modale([](QDialog& finestra) {
             auto& about = static_cast<frmAbout&>(finestra);
-            QCOMPARE(about.windowTitle(), QStringLiteral("Informazioni su Orvix"));
-            QCOMPARE(about.lblTitle->text(), QStringLiteral("ORVIX"));
-            QCOMPARE(about.lblVersion->text(), QStringLiteral("Versione ") + Programma::Versione());
-            QVERIFY(about.lblDescription->toPlainText().startsWith(
-                QStringLiteral("Orvix per Tarvino\n\nQuesto")));
-            const QString cartellaFoto = qEnvironmentVariable("ORVIX_SCREENSHOTS");
-            if (!cartellaFoto.isEmpty())
-                about.grab().save(cartellaFoto + QStringLiteral("/about.png"));
+            QCOMPARE(about.lblVersion->text(), "Versione " + Programma::Versione());
             about.cmdOK->click();
         });
-        frame->mnuAbout_Click();
-        VERIFICA_SCRIPT(script);
+        a.frame->mnuAbout_Click();
+        VERIFICA_SCRIPT(a.script);
 
-        QCOMPARE(frmAbout::DestinazioneCollegamento(QStringLiteral("orvix@example.org")),
-                 QStringLiteral("mailto:orvix@example.org?subject=Orvix_Tarvino"));
         QCOMPARE(frmAbout::DestinazioneCollegamento(QStringLiteral("https://www.example.org")),
                  QStringLiteral("https://www.example.org"));
         frmAbout about;
-        script.Shell();
+        a.script.Shell();
         Q_EMIT about.lblMail->linkActivated(QStringLiteral("#"));
-        QCOMPARE(script.Richieste().last().predefinito,
+        QCOMPARE(a.script.Richieste().last().predefinito,
                  QStringLiteral("mailto:orvix@example.org?subject=Orvix_Tarvino"));
-        script.Rispondi(Risposta::Ok);
+        a.script.Rispondi(Risposta::Ok);
         about.cmdSysInfo->click();
-        QCOMPARE(script.TestiMessaggi().last(),
+        QCOMPARE(a.script.TestiMessaggi().last(),
                  QStringLiteral("Le informazioni sul sistema non sono attualmente disponibili."));
-        VERIFICA_SCRIPT(script);
+        VERIFICA_SCRIPT(a.script);
     }
 
-    void missingStoreEndsWithoutAWindowAndSaysWhy() {
-        QTemporaryDir cartella;
-        QProcess programma;
-        programma.setProcessEnvironment(AmbienteProva(cartella.path()));
-        programma.start(CopiaProgramma(cartella.path()), {});
-        QVERIFY(programma.waitForFinished(20000));
-        QCOMPARE(programma.exitCode(), 1);
-        const QString errore = QString::fromLocal8Bit(programma.readAllStandardError());
-        QVERIFY2(errore.contains(QLatin1String("personalizza.orx")), qPrintable(errore));
+    // A store missing or that cannot be written fails the start at once, naming it, and is left as it
+    // was: no new store, a read-only file, or a WAL store in a folder where its journal cannot be made.
+    void aStoreMissingOrNotWritableFailsTheStart_data() {
+        QTest::addColumn<QString>("caso");
+        QTest::newRow("missing") << "missing";
+        QTest::newRow("read-only file") << "file";
+        QTest::newRow("read-only folder") << "folder";
     }
-
-    // A store that cannot be written fails the start at once, as a missing one does, and is left as
-    // it was: a read-only file, or a store in WAL mode in a folder where its journal cannot be made.
-    void aStoreThatCannotBeWrittenFailsTheStart_data() {
-        QTest::addColumn<bool>("cartellaInSolaLettura");
-        QTest::newRow("read-only file") << false;
-        QTest::newRow("read-only folder") << true;
-    }
-    void aStoreThatCannotBeWrittenFailsTheStart() {
-        QFETCH(bool, cartellaInSolaLettura);
+    void aStoreMissingOrNotWritableFailsTheStart() {
+        QFETCH(QString, caso);
         QTemporaryDir cartella, runtime;
-        ArchivioTemporaneo::CopiaVuoto(cartella.path());
         const QString archivio = cartella.filePath(Programma::NomeArchivio());
-        ApriDatabase(cartella.path()); // a first start leaves it in WAL mode
-        CreaCollezione(QStringLiteral("Dischi"), QString());
-        ChiudiDatabase();
+        QStringList attesi({"orvix"});
+        if (caso != "missing") {
+            ArchivioTemporaneo::CopiaVuoto(cartella.path());
+            ApriDatabase(cartella.path()); // a first start leaves it in WAL mode
+            CreaCollezione(QStringLiteral("Dischi"), QString());
+            ChiudiDatabase();
+            attesi << Programma::NomeArchivio();
+        }
         const QString eseguibile = CopiaProgramma(cartella.path());
         const QByteArray prima = Contenuto(archivio);
-        QFile::setPermissions(archivio, cartellaInSolaLettura ? Aperta : SolaLettura);
-        QFile::setPermissions(cartella.path(), cartellaInSolaLettura ? SolaLettura : Aperta);
-        QProcess* programma = AvviaSenzaPrivilegi(eseguibile, runtime.path(), this);
-        QVERIFY(programma->waitForFinished(20000));
+        QFile::setPermissions(archivio, caso == "file" ? SolaLettura : Aperta);
+        QFile::setPermissions(cartella.path(), caso == "folder" ? SolaLettura : Aperta);
+        const Esito esito = EseguiSenzaPrivilegi(eseguibile, runtime.path());
         QFile::setPermissions(cartella.path(), Aperta);
-        const QString errore = QString::fromLocal8Bit(programma->readAllStandardError());
-        QCOMPARE(programma->exitCode(), 1);
-        QVERIFY2(errore.contains(archivio), qPrintable(errore));
+        QCOMPARE(esito.uscita, 1);
+        QVERIFY2(esito.errore.contains(archivio), qPrintable(esito.errore));
         QCOMPARE(Contenuto(archivio), prima);
-        QCOMPARE(QDir(cartella.path()).entryList(QDir::Files),
-                 QStringList({"orvix", Programma::NomeArchivio()}));
+        QCOMPARE(QDir(cartella.path()).entryList(QDir::Files), attesi);
     }
 
     // --help and --version answer with no display at all; with none, the program says so in one
@@ -395,14 +339,9 @@ private Q_SLOTS:
             ambiente.remove(QLatin1String(nome));
         if (!display.isEmpty())
             ambiente.insert(QStringLiteral("DISPLAY"), display);
-        QProcess programma;
-        programma.setProcessEnvironment(ambiente);
-        programma.start(CopiaProgramma(cartella.path()), argomenti);
-        QVERIFY(programma.waitForFinished(20000));
-        QCOMPARE(programma.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(programma.exitCode(), uscita);
-        const QString detto = QString::fromLocal8Bit(uscita == 0 ? programma.readAllStandardOutput()
-                                                                 : programma.readAllStandardError());
+        const Esito esito = Esegui(CopiaProgramma(cartella.path()), argomenti, ambiente);
+        QCOMPARE(esito.uscita, uscita);
+        const QString detto = uscita == 0 ? esito.uscitaStandard : esito.errore;
         QVERIFY2(detto.contains(atteso), qPrintable(detto));
         if (uscita != 0)
             QCOMPARE(detto.count(QLatin1Char('\n')), 1);
@@ -440,16 +379,13 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(prefisso.filePath("bin/personalizza.orx")));
 
         QVERIFY(QFile::remove(archivio));
-        QProcess seconda;
-        seconda.setProcessEnvironment(ambiente);
-        seconda.start(eseguibile, {});
-        QVERIFY(seconda.waitForFinished(20000));
-        QCOMPARE(seconda.exitCode(), 1);
+        const Esito seconda = Esegui(eseguibile, {}, ambiente);
+        QCOMPARE(seconda.uscita, 1);
         QVERIFY(!QFile::exists(archivio));
-        const QString errore = QString::fromLocal8Bit(seconda.readAllStandardError());
-        QVERIFY2(errore.contains(archivio), qPrintable(errore));
+        QVERIFY2(seconda.errore.contains(archivio), qPrintable(seconda.errore));
     }
 
+    // The first instance holds the lock while it waits at its empty store's prompt; the second ends at once.
     void aSecondInstanceEndsAtOnce() {
         QTemporaryDir cartella;
         ArchivioTemporaneo::CopiaVuoto(cartella.path());
@@ -458,23 +394,11 @@ private Q_SLOTS:
         prima.setProcessEnvironment(AmbienteProva(cartella.path()));
         prima.start(eseguibile, {});
         QVERIFY(prima.waitForStarted());
-        // The first instance waits at the new-collection prompt of its empty store.
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(cartella.filePath(QStringLiteral("orvix.lock"))), 20000);
-        QProcess seconda;
-        seconda.setProcessEnvironment(AmbienteProva(cartella.path()));
-        seconda.start(eseguibile, {});
-        QVERIFY(seconda.waitForFinished(20000));
-        QCOMPARE(seconda.exitCode(), 0);
+        QCOMPARE(Esegui(eseguibile, {}, AmbienteProva(cartella.path())).uscita, 0);
         QCOMPARE(prima.state(), QProcess::Running);
         prima.kill();
         prima.waitForFinished();
-    }
-
-    void singleInstanceLockIsHeldOnce() {
-        QTemporaryDir cartella;
-        qputenv("XDG_RUNTIME_DIR", cartella.path().toLocal8Bit());
-        QVERIFY(PrimaIstanza());
-        QVERIFY(QFile::exists(cartella.filePath(QStringLiteral("orvix.lock"))));
     }
 };
 
