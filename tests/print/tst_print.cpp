@@ -238,28 +238,25 @@ private Q_SLOTS:
             qPrintable(righe));
     }
 
-    // A picture that cannot be read stops the printing with its name; what was printed before it is
-    // abandoned, not left as a half document.
-    void immagineMancanteInStampa() {
+    // A printer that cannot start says so; a picture that cannot be read stops the printing with its
+    // name and what was printed before it is abandoned, no half document; the dialog stays and prints
+    // once it can.
+    void stampaNonRiuscita() {
         Dischi(2);
-        Database().Esegui("update valori set valore='" + Percorso("sparita.png") +
-                          "' where numerorecord=2 and valore=''");
-        QVERIFY(StampaConMessaggio(*Anteprima(false), Percorso("schede.pdf"))
-                    .startsWith("Impossibile caricare l'immagine \"" + Percorso("sparita.png") + "\": "));
-        QVERIFY(!QFile::exists(Percorso("schede.pdf")));
-    }
-
-    // A printer that cannot start says so; the dialog stays and prints once it can.
-    void stampanteNonPronta() {
-        Dischi(1);
+        const QString sparita = Percorso("sparita.png");
+        Database().Esegui("update valori set valore='" + sparita + "' where numerorecord=2 and valore=''");
         const auto f = Anteprima(false);
         QCOMPARE(
             StampaConMessaggio(*f, Percorso("nessuna/cartella.pdf")),
             QString("Impossibile avviare la stampa: scegliere una stampante con \"Imposta Stampante\". | "
                     "Orvix | 11"));
-        f->Stampante().setOutputFileName(Percorso("buona.pdf"));
+        const QString pdf = Percorso("schede.pdf");
+        QVERIFY(
+            StampaConMessaggio(*f, pdf).startsWith("Impossibile caricare l'immagine \"" + sparita + "\": "));
+        QVERIFY(!QFile::exists(pdf));
+        Database().Esegui("update valori set valore='' where valore='" + sparita + "'");
         f->cmdStampa->click();
-        QVERIFY(TestoPdf(Percorso("buona.pdf")).contains("Disco 1"));
+        QVERIFY(TestoPdf(pdf).contains("Disco 2"));
     }
 };
 

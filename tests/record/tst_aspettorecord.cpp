@@ -83,20 +83,13 @@ private Q_SLOTS:
         ScriviValore(AggiungiCampo(m_dischi, {{"nome", "Titolo"}, {"etichetta", "Titolo"}, {"top", 40}}), 1,
                      "Blue Train");
         ScriviValore(AggiungiCampo(m_dischi, {{"nome", "anno"}, {"tipo", "checkbox"}, {"top", 80}}), 1, "1");
-        ScriviValore(AggiungiCampo(m_dischi, {{"nome", "Genere"},
-                                              {"etichetta", "Genere"},
-                                              {"tipo", "combo"},
-                                              {"special", "Jazz|Rock"},
-                                              {"top", 130}}),
-                     1, "0");
-        m_copertina = AggiungiCampo(m_dischi, {{"nome", "Copertina"},
-                                               {"etichetta", "Copertina"},
-                                               {"tipo", "image"},
-                                               {"special", "TRUE"},
-                                               {"left", 200},
-                                               {"top", 40},
-                                               {"width", 90},
-                                               {"height", 90}});
+        QVariantHash genere{{"nome", "Genere"}, {"etichetta", "Genere"}, {"tipo", "combo"}, {"top", 130}};
+        genere.insert("special", "Jazz|Rock");
+        ScriviValore(AggiungiCampo(m_dischi, genere), 1, "0");
+        QVariantHash copertina{
+            {"nome", "Copertina"}, {"etichetta", "Copertina"}, {"tipo", "image"}, {"special", "TRUE"}};
+        copertina.insert({{"left", 200}, {"top", 40}, {"width", 90}, {"height", 90}});
+        m_copertina = AggiungiCampo(m_dischi, copertina);
         ScriviValore(m_copertina, 1, "");
         m_libri = CreaCollezione("Libri", QString());
         ScriviValore(AggiungiCampo(m_libri, {{"nome", "Editore"}, {"etichetta", "Editore"}}), 1, "Sellerio");
@@ -129,58 +122,50 @@ private Q_SLOTS:
                  QString("Copia negli Appunti, Stampa"));
     }
 
-    // Each colour menu stores the system's colour number under its key and colours its controls at once.
+    // Each colour menu stores the system's colour number under its key, its name in lower case, and
+    // colours its controls at once; only the labels' background fills them.
     void colori_data() {
         QTest::addColumn<QString>("menu");
-        QTest::addColumn<QString>("chiave");
         QTest::addColumn<QColor>("colore");
         QTest::addColumn<QString>("numero");
-        QTest::newRow("label text") << "mnuColoreTestoEtichette"
-                                    << "coloretestoetichette" << QColor(1, 2, 3) << "197121";
-        QTest::newRow("label background, black") << "mnuColoreSfondoEtichette"
-                                                 << "coloresfondoetichette" << QColor(0, 0, 0) << "0";
+        QTest::addColumn<int>("ruolo");
+        QTest::addColumn<QStringList>("controlli");
+        const QStringList etichette{"Label1(1)", "Check1(1)"};
+        QTest::newRow("label text") << "mnuColoreTestoEtichette" << QColor(1, 2, 3) << "197121"
+                                    << int(QPalette::WindowText) << etichette;
+        QTest::newRow("label background, black")
+            << "mnuColoreSfondoEtichette" << QColor(0, 0, 0) << "0" << int(QPalette::Window) << etichette;
         QTest::newRow("window, translucent white")
-            << "mnuColoreSfondo"
-            << "coloresfondo" << QColor(255, 255, 255, 10) << "16777215";
-        QTest::newRow("control text, blue") << "mnuColoreTestoControlli"
-                                            << "coloretestocontrolli" << QColor(0, 0, 255) << "16711680";
+            << "mnuColoreSfondo" << QColor(255, 255, 255, 10) << "16777215" << 0 << QStringList();
+        QTest::newRow("control text, blue") << "mnuColoreTestoControlli" << QColor(0, 0, 255) << "16711680"
+                                            << int(QPalette::Text) << QStringList{"Text1(1)", "Combo1(1)"};
     }
 
     void colori() {
         QFETCH(QString, menu);
-        QFETCH(QString, chiave);
         QFETCH(QColor, colore);
         QFETCH(QString, numero);
+        QFETCH(int, ruolo);
+        QFETCH(QStringList, controlli);
         Apri(m_dischi);
         InterazioneScriptata script;
         script.Colore(colore);
         F().findChild<QAction*>(menu)->trigger();
         VERIFICA_SCRIPT(script);
-        QCOMPARE(GetSetting(Sezione(m_dischi), chiave), numero);
+        const QString chiave = menu.mid(3).toLower();
         QCOMPARE(ChiaviSezione(Sezione(m_dischi)), QStringList{chiave});
-        const QColor opaco = colore.toRgb();
-        const QColor atteso(opaco.red(), opaco.green(), opaco.blue());
-        const QLabel& etichetta = C<QLabel>("Label1(1)");
-        const QCheckBox& casella = C<QCheckBox>("Check1(1)");
-        const auto colorati = [&](QPalette::ColorRole ruolo,
-                                  std::initializer_list<const QWidget*> controlli) {
-            return std::all_of(controlli.begin(), controlli.end(), [&](const QWidget* controllo) {
-                return controllo->palette().color(ruolo) == atteso;
-            });
-        };
-        if (chiave == "coloretestoetichette")
-            QVERIFY(colorati(QPalette::WindowText, {&etichetta, &casella}));
-        if (chiave == "coloresfondoetichette") {
-            QVERIFY(colorati(QPalette::Window, {&etichetta, &casella}));
-            QVERIFY(etichetta.autoFillBackground() && casella.autoFillBackground());
+        QCOMPARE(GetSetting(Sezione(m_dischi), chiave), numero);
+        const QColor atteso(colore.rgb()); // opaque
+        for (const QString& controllo : controlli)
+            QCOMPARE(F().Controllo(controllo)->palette().color(QPalette::ColorRole(ruolo)), atteso);
+        const bool riempite = chiave == "coloresfondoetichette";
+        QCOMPARE(QList<bool>({C<QLabel>("Label1(1)").autoFillBackground(),
+                              C<QCheckBox>("Check1(1)").autoFillBackground()}),
+                 QList<bool>({riempite, riempite}));
+        if (riempite)
             QCOMPARE(SuEtichetta(), atteso);
-        }
-        if (chiave == "coloresfondo") {
+        if (chiave == "coloresfondo")
             QCOMPARE(Angolo(), atteso);
-            QVERIFY(!etichetta.autoFillBackground());
-        }
-        if (chiave == "coloretestocontrolli")
-            QVERIFY(colorati(QPalette::Text, {&C<QLineEdit>("Text1(1)"), &C<QComboBox>("Combo1(1)")}));
     }
 
     void coloreAnnullato_nullaCambia() {
