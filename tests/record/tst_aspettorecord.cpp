@@ -15,18 +15,14 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDir>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QProcess>
-#include <QTest>
 #include <QToolBar>
+#include <QtTest>
 #include <memory>
 
 // The record window's menus: colours and background picture kept per collection, pictures of

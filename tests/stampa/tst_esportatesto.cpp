@@ -7,8 +7,6 @@
 #include "testorecord.h"
 #include "transazione.h"
 
-#include <QDir>
-#include <QFile>
 #include <QtTest>
 #include <memory>
 #include <stdexcept>
