@@ -121,8 +121,7 @@ private Q_SLOTS:
                  QString("Selezionare una Collezione dall'apposita Lista! | Orvix | 1"));
     }
 
-    // The preview opens on the sheets with pictures and record numbers; the boxes redraw it, and the
-    // table disables the two options that do not apply to it.
+    // The preview opens on the sheets; its boxes redraw it; the table disables the options it ignores.
     void anteprimaEOpzioni() {
         Dischi(3);
         CaricaCollezioniInLista(*m_form->List1);
@@ -164,8 +163,7 @@ private Q_SLOTS:
         VERIFICA_SCRIPT(script);
     }
 
-    // Only what can be seen is drawn: the first records of a long collection; scrolled to the bottom,
-    // the box grows and the records below are drawn.
+    // Only what can be seen is drawn; scrolled down, the box grows and the records below are drawn.
     void soloCioCheSiVede() {
         Dischi(300);
         const auto f = Anteprima();
@@ -196,8 +194,7 @@ private Q_SLOTS:
         QVERIFY2(scuri > 2000, qPrintable(QString::number(scuri)));
     }
 
-    // "STAMPA" prints to the printer the set-up chose: one PDF page per record, nothing blank at the
-    // end; the table on one landscape page, which the preview follows.
+    // A PDF page per record, no blank page; the table on one landscape page, which the preview follows.
     void stampaInPdf() {
         Dischi(3);
         const auto f = Anteprima();
@@ -237,9 +234,7 @@ private Q_SLOTS:
             qPrintable(righe));
     }
 
-    // A printer that cannot start says so; a picture that cannot be read stops the printing with its
-    // name and what was printed before it is abandoned, no half document; the dialog stays and prints
-    // once it can.
+    // Printer and picture failures are told and leave no half document; the dialog then prints.
     void stampaNonRiuscita() {
         Dischi(2);
         const QString sparita = Percorso("sparita.png");

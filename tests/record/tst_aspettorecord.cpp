@@ -25,8 +25,7 @@
 #include <QtTest>
 #include <memory>
 
-// The record window's menus: colours and background picture kept per collection, pictures of
-// image fields, the record copied and printed.
+// The record window's colours and background picture per collection, image fields, copy and print.
 class TestAspettoRecord final : public QObject {
     Q_OBJECT
 
@@ -118,8 +117,7 @@ private Q_SLOTS:
                  QString("Copia negli Appunti, Stampa"));
     }
 
-    // Each colour menu stores the system's colour number under its key, its name in lower case, and
-    // colours its controls at once; only the labels' background fills them.
+    // Each colour menu stores the colour number under its lower-cased name and colours its controls.
     void colori_data() {
         QTest::addColumn<QString>("menu");
         QTest::addColumn<QColor>("colore");
@@ -176,8 +174,7 @@ private Q_SLOTS:
         QCOMPARE(Angolo(), prima);
     }
 
-    // Stored by hand: 0 is black and is applied; -1 and anything that is no colour number leave the
-    // colour the window and controls were built with.
+    // Stored by hand: 0 is black and applied; -1 and non-numbers keep the built colours.
     void zeroApplicato_menoUnoNo() {
         Apri(m_libri);
         const QColor sfondo = Angolo();
@@ -236,8 +233,7 @@ private Q_SLOTS:
         QVERIFY(Pixel(sottoLaBarra) != QColor(200, 30, 30));
     }
 
-    // Everything at once, as a person sees it: the picture under the controls at its own size, the
-    // window's colour beyond it, the labels on their colour over it, the image field's picture.
+    // As a person sees it: picture at its own size, window colour beyond, labels over it, image field.
     void finestraColorata() {
         QImage sfumatura(260, 200, QImage::Format_RGB32);
         for (int y = 0; y < sfumatura.height(); ++y)
@@ -279,8 +275,7 @@ private Q_SLOTS:
         QVERIFY(F().ImmagineSfondo().isNull());
     }
 
-    // The picture's file has gone: one message per opening, not per activation, the colours still shown,
-    // the window open; a colour stored while the window is open shows when it is next activated.
+    // A lost picture: one message per opening, not per activation; new colours show on activation.
     void immagineSparita() {
         SaveSetting(Sezione(m_dischi), "immaginesfondo", Percorso("sparita.png"));
         SaveSetting(Sezione(m_dischi), "coloresfondo", "255");
@@ -341,8 +336,7 @@ private Q_SLOTS:
                  QString("anno\tCopertina\tGenere\tTitolo\r\n1\t\t0\tBlue Train"));
     }
 
-    // "Stampa" on a printer that writes a PDF, read back as text; a record that does not exist prints
-    // nothing.
+    // "Stampa" into a PDF read back as text; a record that does not exist prints nothing.
     void stampa() {
         const QString pdf = Percorso("record.pdf");
         ImpostaStampantePredefinita([pdf](QPrinter& stampante) {

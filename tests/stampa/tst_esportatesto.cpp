@@ -66,9 +66,7 @@ private Q_SLOTS:
     void init() { m_archivio = std::make_unique<ArchivioTemporaneo>(); }
     void cleanup() { m_archivio.reset(); }
 
-    // Fields in the store's case-blind name order whatever their creation order; values written as
-    // they are; one field gives bare values; one character outside Windows-1252, however late, turns
-    // the whole file into UTF-8 with a byte-order mark; the same bytes every time, over an older file.
+    // Case-blind name order, values as they are, UTF-8 with a mark only when needed, stable bytes.
     void contenuto_data() {
         QTest::addColumn<Campi>("campi");
         QTest::addColumn<QByteArray>("atteso");
@@ -110,8 +108,7 @@ private Q_SLOTS:
         QCOMPARE(Esporta(altra), QByteArray("Nome\r\naltro\r\n"));
     }
 
-    // Every line of a file of several blocks is its record's record text: the one-pass export and the
-    // per-record statement agree.
+    // A file of several blocks agrees line by line with the per-record statement.
     void fileGrande_comeTestoRecord() {
         const qint32 id = CreaCollezione(QStringLiteral("Grande"), QString());
         const qint32 campi[] = {AggiungiCampo(id, {{"nome", "titolo"}}),
@@ -145,8 +142,7 @@ private Q_SLOTS:
         QCOMPARE(TestoRecord(solo, 1), QString());
     }
 
-    // A file that cannot be created, or is read-only, fails with its name and is left as it was; a
-    // full disk fails on writing.
+    // Files that cannot be created or written fail with their name and are left as they were.
     void fileNonScrivibile() {
         const qint32 id = Collezione({{"Nome", {"uno", "due"}}});
         const QString mancante = Percorso("manca/esportato.txt");

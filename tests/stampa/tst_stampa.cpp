@@ -15,8 +15,7 @@
 
 namespace {
 
-// Keeps what each page got: as a printer a page asked for exists once drawn on; as a picture box
-// everything goes on one page.
+// Keeps each page's drawing: a printer page exists once drawn on; a picture box has one page.
 class SuperficieProva final : public Superficie {
 public:
     SuperficieProva(bool stampante, const QSizeF& area)
@@ -100,9 +99,7 @@ private Q_SLOTS:
 
     void cleanup() { m_archivio.reset(); }
 
-    // The printer: a page per record headed by its number, right-aligned by the width of the text with
-    // the space the printed text lacks, a rule under it, then the fields. A picture box: the records
-    // one after the other, no page asked for, no job ended.
+    // Printer: a page per record, its number aligned as if it had the space it lacks; picture box: one run.
     void schede_data() {
         QTest::addColumn<bool>("stampante");
         QTest::newRow("printer") << true;
@@ -148,8 +145,7 @@ private Q_SLOTS:
                                                 {"Alfa:", "Primo:", "z2"}}));
     }
 
-    // An image field: its picture at natural size at the value column, the next line lower by the
-    // picture's height; its path when pictures are off; its label only when empty.
+    // An image field: its picture at the value column pushing the next line down, its path, or nothing.
     void schedeCampoImmagine_data() {
         QTest::addColumn<bool>("immagini");
         QTest::addColumn<bool>("vuoto");
@@ -184,9 +180,7 @@ private Q_SLOTS:
         }
     }
 
-    // Record 1's labels head print columns 0, 25, 50..., a rule under them, a line per record; an image
-    // field shows the file's name; a value wider than its column pushes the next to the following tab
-    // stop; a field record 1 lacks has no heading.
+    // Headings at columns 0, 25, 50..., a rule, a line per record; wide values push to the next tab stop.
     void tabella() {
         const QString lungo = QStringLiteral("Un titolo lungo più di trentacinque lettere");
         Campo({{"nome", "Anno"}}, {"1959", "1961"});
@@ -213,8 +207,7 @@ private Q_SLOTS:
         QCOMPARE(pagina.Cerca("z")->punto.x(), 100 * colonna);
     }
 
-    // On the printer a line that no longer fits starts a new page at the same x; a picture box draws
-    // no line below its bottom and stops at the first record that starts there.
+    // A full printer page starts another at the same x; a picture box stops at its bottom.
     void tabellaAPagine_data() { schede_data(); }
 
     void tabellaAPagine() {

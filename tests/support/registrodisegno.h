@@ -7,8 +7,7 @@
 #include <QRectF>
 #include <algorithm>
 
-// A paint device, its own paint engine, that records the texts, lines and picture rectangles drawn on
-// it in the painter's coordinates, so that a test can say what a layout drew and where.
+// A paint device, its own engine, recording texts, lines and picture rectangles in painter coordinates.
 class RegistroDisegno final : public QPaintDevice, private QPaintEngine {
 public:
     struct Testo {
