@@ -23,17 +23,11 @@ QString Testo(const QRect& r) {
     return QString("%1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
 }
 
+// A field's stored place and size, as Testo writes them.
 QString Archiviato(qint32 idCampo) {
-    Recordset rs = Database().ApriRecordset(
-        QString("select \"left\", top, width, height from campi where id=%1").arg(idCampo));
-    return Testo(QRect(rs.Campo(0).toInt(), rs.Campo(1).toInt(), rs.Campo(2).toInt(), rs.Campo(3).toInt()));
-}
-
-QString Valori() {
-    return Database()
-        .ApriRecordset("select group_concat(id_campo || valore) from valori")
-        .Campo(0)
-        .toString();
+    return RigheSql(QString("select \"left\"||','||top||' '||width||'x'||height from campi where id=%1")
+                        .arg(idCampo))
+        .value(0);
 }
 
 const QStringList partenza{"20,40 200x22", "240,60 150x80", "60,170 120x100"};
@@ -143,30 +137,8 @@ private Q_SLOTS:
         QVERIFY(A().Salvato());
     }
 
-    void rilascio_data() {
-        QTest::addColumn<QString>("chiave");
-        QTest::addColumn<QPoint>("punto");
-        QTest::addColumn<QPoint>("atteso");
-        QTest::newRow("testo") << "Text1(1)" << QPoint(300, 300) << QPoint(200, 289);
-        QTest::newRow("casella, metà intera") << "Check1(1)" << QPoint(500, 100) << QPoint(440, 90);
-        QTest::newRow("immagine al bordo") << "Image1(1)" << QPoint(10, 5) << QPoint(0, 0);
-    }
-
-    void rilascio() {
-        QFETCH(QString, chiave);
-        QFETCH(QPoint, punto);
-        QFETCH(QPoint, atteso);
-        Seleziona({"Text1(1)", "Memo1(1)", "Check1(1)"});
-        const QSize dimensione = C(chiave).size();
-        A().Form_DragDrop(C(chiave), punto);
-        QCOMPARE(C(chiave).geometry(), QRect(atteso, dimensione));
-        QCOMPARE(A().Selezione(), QStringList{chiave});
-        QVERIFY(!Disposizione().join(' ').contains("astray"));
-        QVERIFY(!A().Salvato());
-    }
-
     // The pointer first goes to the control's centre; the control lands centred where it is let go.
-    void trascinamento() {
+    void trascinamentoERilascio() {
         Seleziona({"Text1(1)"});
         Mouse(QTest::MousePress, QPoint(250, 70));
         Mouse(QTest::MouseMove, QPoint(270, 90));
@@ -181,6 +153,19 @@ private Q_SLOTS:
         Mouse(QTest::MouseMove, QPoint(100, 100));
         Mouse(QTest::MouseRelease, QPoint(-5, 100));
         QCOMPARE(Disposizione(), prima);
+
+        // Dropped: an odd size is halved down, the form's edge stops it; only it stays selected.
+        for (const auto& [chiave, punto, atteso] :
+             {std::tuple{QString("Check1(1)"), QPoint(500, 100), QPoint(440, 90)},
+              {"Image1(1)", QPoint(10, 5), QPoint(0, 0)}}) {
+            Seleziona({"Text1(1)", "Memo1(1)", "Check1(1)"});
+            const QRect dove(atteso, C(chiave).size());
+            A().Form_DragDrop(C(chiave), punto);
+            QCOMPARE(C(chiave).geometry(), dove);
+            QCOMPARE(A().Selezione(), QStringList{chiave});
+        }
+        QVERIFY(!Disposizione().join(' ').contains("astray")); // labels follow their controls
+        QVERIFY(!A().Salvato());
     }
 
     void allinea_data() {
@@ -189,20 +174,17 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("attesa");
         const QStringList tre{"Text1(1)", "Memo1(1)", "Image1(1)"};
         const QStringList due{"Memo1(1)", "Image1(1)"};
-        QTest::newRow("alto") << tre << "mnuAllineaAlto"
-                              << QStringList{"20,40 200x22", "240,40 150x80", "60,40 120x100"};
-        QTest::newRow("basso") << tre << "mnuAllineaBasso"
-                               << QStringList{"20,248 200x22", "240,190 150x80", partenza[2]};
-        QTest::newRow("sinistra") << tre << "mnuAllineaSinistra"
-                                  << QStringList{partenza[0], "20,60 150x80", "20,170 120x100"};
-        QTest::newRow("destra") << tre << "mnuAllineaDestra"
-                                << QStringList{"190,40 200x22", partenza[1], "270,170 120x100"};
-        QTest::newRow("altezza") << tre << "mnuUgualeAltezza"
-                                 << QStringList{partenza[0], "240,60 150x22", "60,170 120x22"};
-        QTest::newRow("larghezza") << tre << "mnuUgualeLarghezza"
-                                   << QStringList{"20,40 120x22", "240,60 120x80", partenza[2]};
-        QTest::newRow("entrambe, due")
-            << due << "mnuUgualeEntrambe" << QStringList{partenza[0], "240,60 120x80", "60,170 120x80"};
+        const auto riga = [](const char* nome, const QStringList& selezione, const QString& comando,
+                             const QStringList& attesa) {
+            QTest::newRow(nome) << selezione << comando << attesa;
+        };
+        riga("alto", tre, "mnuAllineaAlto", {"20,40 200x22", "240,40 150x80", "60,40 120x100"});
+        riga("basso", tre, "mnuAllineaBasso", {"20,248 200x22", "240,190 150x80", partenza[2]});
+        riga("sinistra", tre, "mnuAllineaSinistra", {partenza[0], "20,60 150x80", "20,170 120x100"});
+        riga("destra", tre, "mnuAllineaDestra", {"190,40 200x22", partenza[1], "270,170 120x100"});
+        riga("altezza", tre, "mnuUgualeAltezza", {partenza[0], "240,60 150x22", "60,170 120x22"});
+        riga("larghezza", tre, "mnuUgualeLarghezza", {"20,40 120x22", "240,60 120x80", partenza[2]});
+        riga("entrambe, due", due, "mnuUgualeEntrambe", {partenza[0], "240,60 120x80", "60,170 120x80"});
         for (const char* comando :
              {"mnuAllineaAlto", "mnuAllineaBasso", "mnuAllineaSinistra", "mnuAllineaDestra",
               "mnuUgualeAltezza", "mnuUgualeLarghezza", "mnuUgualeEntrambe"})
@@ -228,14 +210,13 @@ private Q_SLOTS:
         };
         const Qt::KeyboardModifiers ctrl = Qt::ControlModifier | Qt::KeypadModifier;
         const Qt::KeyboardModifiers alt = Qt::AltModifier | Qt::KeypadModifier;
-        QTest::newRow("altezza +10") << "mnuAUmentaAltezza10" << 0 << QSize(0, 10);
-        QTest::newRow("altezza +50") << "mnuAUmentaAltezza50" << 0 << QSize(0, 50);
-        QTest::newRow("altezza -10") << "mnuDiminuisciAltezza10" << 0 << QSize(0, -10);
-        QTest::newRow("altezza -50") << "mnuDiminuisciAltezza50" << 0 << QSize(0, -50);
-        QTest::newRow("larghezza +10") << "mnuAumentaLarghezza10" << 0 << QSize(10, 0);
-        QTest::newRow("larghezza +50") << "mnuAumentaLarghezza50" << 0 << QSize(50, 0);
-        QTest::newRow("larghezza -10") << "mnuDiminuisciLarghezza10" << 0 << QSize(-10, 0);
-        QTest::newRow("larghezza -50") << "mnuDiminuisciLarghezza50" << 0 << QSize(-50, 0);
+        for (const auto& [comando, verso] : {std::pair{"mnuAUmentaAltezza", QSize(0, 1)},
+                                             {"mnuDiminuisciAltezza", QSize(0, -1)},
+                                             {"mnuAumentaLarghezza", QSize(1, 0)},
+                                             {"mnuDiminuisciLarghezza", QSize(-1, 0)}})
+            for (const int passo : {10, 50})
+                QTest::addRow("%s%d", comando, passo)
+                    << comando + QString::number(passo) << 0 << verso * passo;
         QTest::newRow("Ctrl +") << "" << tasto(Qt::Key_Plus, ctrl) << QSize(10, 0);
         QTest::newRow("Ctrl -") << "" << tasto(Qt::Key_Minus, ctrl) << QSize(-10, 0);
         QTest::newRow("Alt +") << "" << tasto(Qt::Key_Plus, alt) << QSize(0, 10);
@@ -256,36 +237,16 @@ private Q_SLOTS:
         else
             QTest::keyRelease(m_finestra->windowHandle(), combinazione.key(),
                               combinazione.keyboardModifiers());
-        const QSize memo = QSize(150, 80) + cambio;
-        const QSize immagine = QSize(120, 100) + cambio;
-        QCOMPARE(Disposizione(), (QStringList{partenza[0], Testo(QRect(QPoint(240, 60), memo)),
-                                              Testo(QRect(QPoint(60, 170), immagine))}));
+        QCOMPARE(Disposizione(),
+                 (QStringList{partenza[0], Testo(QRect(QPoint(240, 60), QSize(150, 80) + cambio)),
+                              Testo(QRect(QPoint(60, 170), QSize(120, 100) + cambio))}));
         QCOMPARE(A().Salvato(), cambio.isNull());
-    }
-
-    // A size that would go below 0 stops the command at that control, with a message; nothing
-    // negative reaches the store and the designer goes on.
-    void misuraNegativa() {
-        Seleziona({"Memo1(1)", "Image1(1)"});
-        InterazioneScriptata script;
-        script.Rispondi(Risposta::Ok);
-        for (int i = 0; i < 3; ++i)
-            A().mnuDiminuisciLarghezza50->trigger();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
-                 Descrivi({"Valore non valido per la proprietà Width del controllo: -30 (ammessi i valori da "
-                           "0 a 32767).",
-                           "Orvix", Pulsanti::Ok, Icona::Critica}));
-        A().mnuAumentaLarghezza10->trigger();
-        A().mnuSalva->trigger();
-        QCOMPARE(Archiviato(m_campi[1]) + " " + Archiviato(m_campi[2]),
-                 QString("240,60 10x80 60,170 30x100"));
     }
 
     // The layout goes into campi through the field map; values are never touched.
     void salvataggio() {
         const qint32 estraneo = AggiungiCampo(CreaCollezione("Libri", QString()), {{"nome", "Autore"}});
-        const QString valori = Valori();
+        const QStringList valori = RigheSql("select * from valori");
         A().Form_DragDrop(C("Text1(1)"), QPoint(300, 211));
         Seleziona({"Memo1(1)", "Image1(1)"});
         A().mnuAumentaLarghezza50->trigger();
@@ -297,19 +258,32 @@ private Q_SLOTS:
         const QStringList archiviati{Archiviato(m_campi[0]), Archiviato(m_campi[1]), Archiviato(m_campi[2]),
                                      Archiviato(estraneo)};
         QCOMPARE(archiviati, (QStringList{"200,200 250x22", partenza[1], partenza[2], "10,30 120x21"}));
-        QCOMPARE(Valori(), valori);
+        QCOMPARE(RigheSql("select * from valori"), valori);
     }
 
-    // A save that fails half-way stores none of it, says why, and leaves the layout unsaved.
-    void salvataggioInterrotto() {
+    // A size that would go below 0 stops the command at that control, with a message; nothing negative
+    // reaches the store. A save that fails half-way stores none of it, says why, and stays unsaved.
+    void misuraNegativaESalvataggioInterrotto() {
+        Seleziona({"Memo1(1)", "Image1(1)"});
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok).Rispondi(Risposta::Ok);
+        for (int i = 0; i < 3; ++i)
+            A().mnuDiminuisciLarghezza50->trigger();
+        QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
+                 Descrivi({"Valore non valido per la proprietà Width del controllo: -30 (ammessi i valori da "
+                           "0 a 32767).",
+                           "Orvix", Pulsanti::Ok, Icona::Critica}));
+        A().mnuAumentaLarghezza10->trigger();
+        Comando("mnuSalva");
+        QCOMPARE(Archiviato(m_campi[1]) + " " + Archiviato(m_campi[2]),
+                 QString("240,60 10x80 60,170 30x100"));
+
         Database().Esegui("create trigger blocca before update on campi when new.nome='image' "
                           "begin select raise(abort, 'vietato'); end");
-        InterazioneScriptata script;
-        script.Rispondi(Risposta::Ok);
         A().Form_DragDrop(C("Text1(1)"), QPoint(300, 300));
-        A().mnuSalva->trigger();
+        Comando("mnuSalva");
         VERIFICA_SCRIPT(script);
-        QCOMPARE(script.TestiMessaggi(), QStringList{"vietato"});
+        QCOMPARE(script.TestiMessaggi().at(1), QString("vietato"));
         QCOMPARE(Archiviato(m_campi[0]), partenza[0]);
         QVERIFY(!A().Salvato());
     }
@@ -319,18 +293,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("modo");
         QTest::addColumn<int>("risposta"); // 0: nothing asked
         QTest::addColumn<QString>("salvato");
-        const int si = int(Risposta::Si);
-        const int no = int(Risposta::No);
-        const QString esci = "mnuEsci";
-        const QString altezza = "mnuAUmentaAltezza10";
-        QTest::newRow("solo selezione") << QString() << esci << 0 << partenza[0];
-        QTest::newRow("salvata dal menu") << QString("mnuSalva") << esci << 0 << partenza[0];
-        QTest::newRow("allinea senza selezione, No")
-            << QString("mnuAllineaAlto") << esci << no << partenza[0];
-        QTest::newRow("più alto, Sì") << altezza << esci << si << "20,40 200x32";
-        QTest::newRow("più alto, No") << altezza << esci << no << partenza[0];
-        QTest::newRow("più alto, chiusa, Sì") << altezza << QString("close") << si << "20,40 200x32";
-        QTest::newRow("più alto, Esc, Sì") << altezza << QString("Esc") << si << "20,40 200x32";
+        const auto riga = [](const char* nome, const QString& comando, const QString& modo, int risposta,
+                             const QString& salvato) {
+            QTest::newRow(nome) << comando << modo << risposta << salvato;
+        };
+        const QString altezza = "mnuAUmentaAltezza10", alto = "20,40 200x32";
+        const int si = int(Risposta::Si), no = int(Risposta::No);
+        riga("solo selezione", "", "mnuEsci", 0, partenza[0]);
+        riga("salvata dal menu", "mnuSalva", "mnuEsci", 0, partenza[0]);
+        riga("allinea senza selezione, No", "mnuAllineaAlto", "mnuEsci", no, partenza[0]);
+        riga("più alto, Sì", altezza, "mnuEsci", si, alto);
+        riga("più alto, No", altezza, "mnuEsci", no, partenza[0]);
+        riga("più alto, chiusa, Sì", altezza, "close", si, alto);
+        riga("più alto, Esc, Sì", altezza, "Esc", si, alto);
     }
 
     void chiusura() {

@@ -33,6 +33,13 @@ void Clicca(const frmProprietaControllo& dialogo, const QString& proprieta) {
                       dialogo.LV1->visualItemRect(Riga(dialogo, proprieta)).topLeft() + QPoint(20, 5));
 }
 
+// Presses CONFERMA, to be answered by so many message boxes, each with Ok.
+void Conferma(frmProprietaControllo& dialogo, InterazioneScriptata& script, int messaggi) {
+    for (int i = 0; i < messaggi; ++i)
+        script.Rispondi(Risposta::Ok);
+    dialogo.cmdSCEGLI->click();
+}
+
 const QString nomeGiaAssegnato =
     "Attenzione, hai specificato un valore come proprietà Nome già assegnato ad un altro controllo!";
 
@@ -68,9 +75,9 @@ private Q_SLOTS:
 
     void defaultsCountTheListedFieldsIn16Bits() {
         frmProprietaControllo tre("memo", {"Titolo", "Autore", "Anno"});
-        QCOMPARE(Valore(tre, "Nome") + "|" + Valore(tre, "Top"), QStringLiteral("Controllo4|130"));
+        QCOMPARE(Valore(tre, "Nome") + "|" + Valore(tre, "Top"), QString("Controllo4|130"));
         const QStringList ultimi(1634, "x");
-        QCOMPARE(Valore(frmProprietaControllo("memo", ultimi), "Top"), QStringLiteral("32750"));
+        QCOMPARE(Valore(frmProprietaControllo("memo", ultimi), "Top"), QString("32750"));
         QVERIFY_THROWS_EXCEPTION(std::overflow_error,
                                  frmProprietaControllo("memo", ultimi + QStringList{"y"}));
         QVERIFY_THROWS_EXCEPTION(std::overflow_error, frmProprietaControllo("memo", QStringList(32768, "x")));
@@ -78,17 +85,16 @@ private Q_SLOTS:
         QCOMPARE(frmProprietaControllo("", QStringList(32768, "x")).LV1->topLevelItemCount(), 0);
     }
 
-    void captionsDescriptionsAndTyping() {
-        frmProprietaControllo dialogo("textbox", {});
-        QCOMPARE(dialogo.windowTitle(), QStringLiteral("Definisci le proprietà del Controllo..."));
-        QCOMPARE(dialogo.LV1->headerItem()->text(0) + "|" + dialogo.LV1->headerItem()->text(1),
-                 QStringLiteral("Valore|Proprietà"));
-        QCOMPARE(dialogo.cmdSCEGLI->text() + "|" + dialogo.cmdANNULLA->text(),
-                 QStringLiteral("CONFERMA|Annulla"));
+    void captionsTypingAndConfirmation() {
+        frmProprietaControllo dialogo("textbox", {"Titolo", "AUTORE"});
+        QCOMPARE((QStringList{dialogo.windowTitle(), dialogo.LV1->headerItem()->text(0),
+                              dialogo.LV1->headerItem()->text(1), dialogo.cmdSCEGLI->text(),
+                              dialogo.cmdANNULLA->text(), dialogo.Text1->toPlainText()}),
+                 (QStringList{"Definisci le proprietà del Controllo...", "Valore", "Proprietà", "CONFERMA",
+                              "Annulla",
+                              "Seleziona una proprietà dalla Lista qui a fianco per visualizzare in questa "
+                              "casella la relativa spiegazione\n"}));
         QVERIFY(dialogo.cmdSCEGLI->isDefault());
-        QCOMPARE(dialogo.Text1->toPlainText(),
-                 QStringLiteral("Seleziona una proprietà dalla Lista qui a fianco per visualizzare in questa "
-                                "casella la relativa spiegazione\n"));
         dialogo.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialogo));
         Clicca(dialogo, "Nome");
@@ -98,8 +104,8 @@ private Q_SLOTS:
         QTest::keyClicks(editor, "Genere");
         QTest::keyClick(editor, Qt::Key_Return);
         // The view commits a Return on its next turn of the event loop; the new name fills the empty label.
-        QTRY_COMPARE(Valore(dialogo, "Nome"), QStringLiteral("Genere"));
-        QCOMPARE(Valore(dialogo, "Etichetta"), QStringLiteral("Genere:"));
+        QTRY_COMPARE(Valore(dialogo, "Nome"), QString("Genere"));
+        QCOMPARE(Valore(dialogo, "Etichetta"), QString("Genere:"));
         // A click also shows the row's description, its line breaks kept.
         Clicca(dialogo, "Formula");
         const QString formula = dialogo.Text1->toPlainText();
@@ -108,19 +114,13 @@ private Q_SLOTS:
                  qPrintable(formula));
         // A label already written is never replaced.
         dialogo.FineModifica(Riga(dialogo, "Nome"), "Titolo");
-        QCOMPARE(Valore(dialogo, "Nome") + "|" + Valore(dialogo, "Etichetta"),
-                 QStringLiteral("Titolo|Genere:"));
-    }
+        QCOMPARE(Valore(dialogo, "Nome") + "|" + Valore(dialogo, "Etichetta"), QString("Titolo|Genere:"));
 
-    void confirmationRefusesNonNumbersAndOnlyWarnsOfADuplicateName() {
-        frmProprietaControllo dialogo("textbox", {"Titolo", "AUTORE"});
+        // Confirming refuses a bad number and only warns of a name already used, in any case.
         dialogo.FineModifica(Riga(dialogo, "Nome"), "autore");
-        dialogo.FineModifica(Riga(dialogo, "Width"), "abc");
-        dialogo.FineModifica(Riga(dialogo, "Left"), "");
-        dialogo.show();
+        dialogo.FineModifica(Riga(dialogo, "Left"), "abc");
         InterazioneScriptata script;
-        script.Rispondi(Risposta::Ok).Rispondi(Risposta::Ok);
-        dialogo.cmdSCEGLI->click();
+        Conferma(dialogo, script, 2);
         VERIFICA_SCRIPT(script);
         const Messaggio& rifiuto = script.Richieste().at(1).messaggio;
         QVERIFY(rifiuto.titolo == "Orvix" && rifiuto.pulsanti == Pulsanti::Ok &&
@@ -128,20 +128,11 @@ private Q_SLOTS:
         QCOMPARE(dialogo.LV1->currentItem(), Riga(dialogo, "Left"));
         QVERIFY(dialogo.isVisible() && !dialogo.Confermato);
 
-        dialogo.FineModifica(Riga(dialogo, "Left"), "15");
-        script.Rispondi(Risposta::Ok).Rispondi(Risposta::Ok);
-        dialogo.cmdSCEGLI->click();
-        VERIFICA_SCRIPT(script);
-        QCOMPARE(dialogo.LV1->currentItem(), Riga(dialogo, "Width"));
-
-        // The duplicate name, warned of once more, is kept.
-        dialogo.FineModifica(Riga(dialogo, "Width"), " 120 ");
-        script.Rispondi(Risposta::Ok);
-        dialogo.cmdSCEGLI->click();
+        dialogo.FineModifica(Riga(dialogo, "Left"), "15"); // the duplicate name, warned of once more, is kept
+        Conferma(dialogo, script, 1);
         VERIFICA_SCRIPT(script);
         QCOMPARE(script.TestiMessaggi(),
-                 QStringList({nomeGiaAssegnato, "Proprietà LEFT non valida!", nomeGiaAssegnato,
-                              "Proprietà WIDTH non valida!", nomeGiaAssegnato}));
+                 QStringList({nomeGiaAssegnato, "Proprietà LEFT non valida!", nomeGiaAssegnato}));
         QCOMPARE(dialogo.LV1->currentItem(), Riga(dialogo, "Nome"));
         QVERIFY(dialogo.Confermato && !dialogo.isVisible());
         QCOMPARE(dialogo.result(), int(QDialog::Accepted));
@@ -153,21 +144,18 @@ private Q_SLOTS:
         QTest::addColumn<QString>("proprieta");
         QTest::addColumn<QString>("valore");
         QTest::addColumn<bool>("accettato");
-        QTest::newRow("decimal comma") << "Width"
-                                       << "1,5" << false;
-        QTest::newRow("thousands") << "Height"
-                                   << "1.000" << false;
-        QTest::newRow("twenty digits") << "Width"
-                                       << "99999999999999999999" << false;
-        QTest::newRow("10240 digits") << "Left" << QString(10240, u'9') << false;
-        QTest::newRow("negative") << "Top"
-                                  << "-1" << false;
-        QTest::newRow("too large") << "Tabindex"
-                                   << "32768" << false;
-        QTest::newRow("zero") << "Left"
-                              << "0" << true;
-        QTest::newRow("largest, blanks around") << "Width"
-                                                << " 32767 " << true;
+        const auto riga = [](const char* nome, const QString& proprieta, const QString& valore, bool si) {
+            QTest::newRow(nome) << proprieta << valore << si;
+        };
+        riga("decimal comma", "Width", "1,5", false);
+        riga("thousands", "Height", "1.000", false);
+        riga("twenty digits", "Width", "99999999999999999999", false);
+        riga("10240 digits", "Left", QString(10240, u'9'), false);
+        riga("negative", "Top", "-1", false);
+        riga("too large", "Tabindex", "32768", false);
+        riga("empty", "Left", "", false);
+        riga("zero", "Left", "0", true);
+        riga("largest, blanks around", "Width", " 32767 ", true);
     }
     void numericRowsTakeWholeNumbersFrom0To32767() {
         QFETCH(QString, proprieta);
@@ -177,16 +165,14 @@ private Q_SLOTS:
         dialogo.FineModifica(Riga(dialogo, proprieta), valore);
         dialogo.show();
         InterazioneScriptata script;
-        if (!accettato)
-            script.Rispondi(Risposta::Ok);
-        dialogo.cmdSCEGLI->click();
+        Conferma(dialogo, script, accettato ? 0 : 1);
         VERIFICA_SCRIPT(script);
         QCOMPARE(dialogo.Confermato, accettato);
         QCOMPARE(dialogo.isVisible(), !accettato);
         QCOMPARE(Valore(dialogo, proprieta), valore);
-        if (!accettato)
-            QCOMPARE(script.TestiMessaggi(),
-                     QStringList({"Proprietà " + proprieta.toUpper() + " non valida!"}));
+        QCOMPARE(script.TestiMessaggi(),
+                 accettato ? QStringList()
+                           : QStringList{"Proprietà " + proprieta.toUpper() + " non valida!"});
     }
 };
 

@@ -61,23 +61,8 @@ private Q_SLOTS:
         m_archivio.reset();
     }
 
-    void barraDegliStrumenti() {
-        QCOMPARE(F().windowTitle(), QString("Record"));
-        QStringList trovati;
-        for (const QAction* azione : F().Toolbar1->actions())
-            trovati << (azione->isSeparator() ? QString("|")
-                                              : azione->objectName() + ":" + azione->toolTip());
-        QCOMPARE(trovati.join(", "), "first:Vai al Primo Record, prev:Vai al Record Precedente, "
-                                     "next:Vai al Record Successivo, last:Vai all'Ultimo Record, |, "
-                                     "new:Inserisci un Nuovo Record, del:Elimina il Record Corrente, "
-                                     "edit:Modifica il Record Corrente, |, ok:Conferma, no:Annulla");
-        QCOMPARE(F().MenuFinestra(), (QList<QMenu*>{F().mnuFile, F().mnuOpzioni}));
-        QCOMPARE(F().mnuFile->actions(),
-                 (QList<QAction*>{F().mnuTrova, F().mnuClipBoard, F().mnuStampa, F().mnuEsci}));
-        delete &F();
-    }
-
-    // Opened from the collections list: a field of every kind, browsed and then edited, as a person sees it.
+    // Opened from the collections list: the toolbar and menus, then a field of every kind, browsed and
+    // edited as a person sees it.
     void inserisciRecord() {
         const qint32 dischi = CreaCollezione("Dischi", QString());
         const QString figura = m_archivio->Cartella() + "/copertina.png";
@@ -105,6 +90,18 @@ private Q_SLOTS:
         QCOMPARE(Descrivi(script.Richieste().at(0).messaggio),
                  Descrivi({"Selezionare una Collezione dall'apposita Lista", "Orvix"}));
         QVERIFY(m_area->subWindowList().isEmpty());
+        QCOMPARE(F().windowTitle(), QString("Record"));
+        QStringList pulsanti;
+        for (const QAction* azione : F().Toolbar1->actions())
+            pulsanti << (azione->isSeparator() ? QString("|")
+                                               : azione->objectName() + ":" + azione->toolTip());
+        QCOMPARE(pulsanti.join(", "), "first:Vai al Primo Record, prev:Vai al Record Precedente, "
+                                      "next:Vai al Record Successivo, last:Vai all'Ultimo Record, |, "
+                                      "new:Inserisci un Nuovo Record, del:Elimina il Record Corrente, "
+                                      "edit:Modifica il Record Corrente, |, ok:Conferma, no:Annulla");
+        QCOMPARE(F().MenuFinestra(), (QList<QMenu*>{F().mnuFile, F().mnuOpzioni}));
+        QCOMPARE(F().mnuFile->actions(),
+                 (QList<QAction*>{F().mnuTrova, F().mnuClipBoard, F().mnuStampa, F().mnuEsci}));
 
         lista.setCurrentRow(0);
         InserisciRecord(lista);
