@@ -7,19 +7,31 @@
 #include <QDir>
 #include <QFile>
 #include <QStringList>
+#include <algorithm>
 #include <stdexcept>
+#include <vector>
 
 namespace {
 
 constexpr qsizetype Blocco = 1 << 20;
 
-// Every value of the collection from record 1 on, by record and then by field name, the order
-// of the per-record statement: one pass writes the whole file.
-QString SqlValoriCollezione(qint32 idCollezione) {
-    return QStringLiteral("select valori.numerorecord, valori.valore from campi,valori "
-                          "where valori.id_campo=campi.id and valori.numerorecord>=1 and "
-                          "valori.id_campo in (select campi.id from campi where id_collezione=") +
-           QString::number(idCollezione) + QStringLiteral(") order by valori.numerorecord, campi.nome");
+// One cursor per field, in field-name order (the order of the per-record statement), over the
+// field's values from record 1 on: the index on (id_campo, numerorecord) hands them over already in
+// record order, so the file is written in one pass without sorting the whole collection.
+std::vector<Recordset> CursoriCampi(qint32 idCollezione) {
+    std::vector<Recordset> cursori;
+    for (Recordset campi =
+             Database().ApriRecordset(QStringLiteral("select id from campi where id_collezione=") +
+                                      QString::number(idCollezione) + QStringLiteral(" order by nome, id"));
+         !campi.Fine(); campi.Successivo())
+        cursori.push_back(Database().ApriRecordset(
+            QStringLiteral("select numerorecord, valore from valori where id_campo=") +
+            campi.Campo(0).toString() + QStringLiteral(" and numerorecord>=1 order by numerorecord")));
+    return cursori;
+}
+
+bool Esauriti(const std::vector<Recordset>& cursori) {
+    return std::all_of(cursori.cbegin(), cursori.cend(), [](const Recordset& c) { return c.Fine(); });
 }
 
 QStringList NomiRecord(qint32 idCollezione, qint32 numeroRecord) {
@@ -84,27 +96,25 @@ private:
 
 void Scrivi(qint32 idCollezione, const QString& file, bool utf8) {
     FileTesto uscita(file, utf8);
-    Recordset righe = Database().ApriRecordset(SqlValoriCollezione(idCollezione));
-    if (righe.Fine()) {
+    std::vector<Recordset> cursori = CursoriCampi(idCollezione);
+    if (Esauriti(cursori)) {
         uscita.Chiudi();
         return;
     }
     uscita.Accoda(NomiRecord(idCollezione, 1).join(QLatin1Char('\t')));
     uscita.FineRiga();
     // A record number with no value rows, which the numbering never leaves, still gets its line.
-    qint64 corrente = 1;
-    bool primoCampo = true;
-    for (; !righe.Fine(); righe.Successivo()) {
-        for (const qint64 numero = righe.Campo(0).toLongLong(); corrente < numero; ++corrente) {
-            uscita.FineRiga();
-            primoCampo = true;
-        }
-        if (!primoCampo)
-            uscita.Tab();
-        uscita.Accoda(righe.Campo(1).toString());
-        primoCampo = false;
+    for (qint64 corrente = 1; !Esauriti(cursori); ++corrente) {
+        bool primoCampo = true;
+        for (Recordset& cursore : cursori)
+            for (; !cursore.Fine() && cursore.Campo(0).toLongLong() == corrente; cursore.Successivo()) {
+                if (!primoCampo)
+                    uscita.Tab();
+                uscita.Accoda(cursore.Campo(1).toString());
+                primoCampo = false;
+            }
+        uscita.FineRiga();
     }
-    uscita.FineRiga();
     uscita.Chiudi();
 }
 
