@@ -1,6 +1,7 @@
 #include "campistampa.h"
 
 #include "archivio.h"
+#include "testorecord.h"
 
 QString CampoStampa::Etichetta() const {
     return etichetta.isEmpty() ? nome : etichetta;
@@ -11,18 +12,9 @@ bool CampoStampa::Immagine() const {
 }
 
 QList<CampoStampa> CampiDelRecord(qint32 idCollezione, qint32 numero, bool conDimensioni) {
-    const QString colonne = conDimensioni ? QStringLiteral("select campi.nome, campi.etichetta, campi.tipo, "
-                                                           "campi.width, campi.height, valori.valore ")
-                                          : QStringLiteral("select campi.nome, campi.etichetta, campi.tipo, "
-                                                           "valori.valore ");
-    const QString sql =
-        colonne + QStringLiteral("from campi,valori ") +
-        QStringLiteral("where valori.id_campo=campi.id and ") + QStringLiteral("valori.numerorecord=") +
-        QString::number(numero) + QStringLiteral(" and ") +
-        QStringLiteral("valori.id_campo in (select campi.id from campi where id_collezione=") +
-        QString::number(idCollezione) + QStringLiteral(")") + QStringLiteral(" order by campi.nome");
     QList<CampoStampa> campi;
-    for (Recordset rs = Database().ApriRecordset(sql); !rs.Fine(); rs.Successivo())
+    for (Recordset rs = Database().ApriRecordset(SqlCampiRecord(idCollezione, numero, conDimensioni));
+         !rs.Fine(); rs.Successivo())
         campi.append({rs.Testo(QStringLiteral("nome")), rs.Testo(QStringLiteral("etichetta")),
                       rs.Testo(QStringLiteral("tipo")), rs.Testo(QStringLiteral("valore"))});
     return campi;

@@ -5,9 +5,11 @@
 
 #include <QStringList>
 
-QString SqlCampiRecord(qint32 idCollezione, qint32 numeroRecord) {
-    return QStringLiteral("select campi.nome, campi.etichetta, campi.tipo, valori.valore from campi,valori "
-                          "where valori.id_campo=campi.id and valori.numerorecord=") +
+QString SqlCampiRecord(qint32 idCollezione, qint32 numeroRecord, bool conDimensioni) {
+    return QStringLiteral("select campi.nome, campi.etichetta, campi.tipo, ") +
+           (conDimensioni ? QStringLiteral("campi.width, campi.height, ") : QString()) +
+           QStringLiteral(
+               "valori.valore from campi,valori where valori.id_campo=campi.id and valori.numerorecord=") +
            QString::number(numeroRecord) +
            QStringLiteral(" and valori.id_campo in (select campi.id from campi where id_collezione=") +
            QString::number(idCollezione) + QStringLiteral(") order by campi.nome");

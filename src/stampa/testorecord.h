@@ -7,5 +7,6 @@
 // the store fails: the record window's clipboard and print commands then have nothing to use.
 QString TestoRecord(qint32 idCollezione, qint32 numeroRecord);
 
-// The record's fields with their values, in name order: nome, etichetta, tipo, valore.
-QString SqlCampiRecord(qint32 idCollezione, qint32 numeroRecord);
+// The record's fields with their values, in name order: nome, etichetta, tipo, valore; with
+// `conDimensioni`, as the sheet layout reads them, the control's width and height before the value.
+QString SqlCampiRecord(qint32 idCollezione, qint32 numeroRecord, bool conDimensioni = false);
