@@ -27,10 +27,7 @@ private Q_SLOTS:
                 ottenuto += u' ' + QString::number(valore);
             QCOMPARE(ottenuto, caso.contains(u" => "_s) ? caso.section(u" => "_s, 1) : caso);
         }
-    }
-
-    // A lifted number compares exactly as the literal did, against an integer and a text column.
-    void liftedStatementsAnswerAsTheTextWould() {
+        // A lifted number compares exactly as the literal did, against an integer and a text column.
         ArchivioTemporaneo archivio;
         Database().Esegui(u"insert into valori (id_campo,valore,numerorecord) values (1,'3',3), (1,'4',4)"_s);
         QVERIFY(
