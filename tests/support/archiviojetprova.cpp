@@ -2,7 +2,6 @@
 
 #include "intestazionejet.h"
 
-#include <QDateTime>
 #include <QFile>
 #include <QtEndian>
 #include <cstring>
@@ -12,67 +11,44 @@ namespace {
 
 constexpr int Pagina = 4096;
 constexpr int InizioRighe = 14;
-constexpr int MemoInLinea = 1024;
 constexpr int PezzoLval = 4000;
 constexpr quint32 Sconosciuto = 0x0659;
+constexpr auto Ole = static_cast<TipoJet>(11);
 
 template <typename T> void Metti(QByteArray& b, qsizetype pos, T v) {
     qToLittleEndian(v, b.data() + pos);
 }
-template <typename T> void Aggiungi(QByteArray& b, T v) {
-    constexpr auto n = static_cast<qsizetype>(sizeof(T));
-    b.append(n, '\0');
-    Metti(b, b.size() - n, v);
-}
-QByteArray Ucs2(const QString& testo) {
-    QByteArray b;
-    for (const QChar c : testo)
-        Aggiungi<quint16>(b, c.unicode());
+// The value's little-endian bytes.
+template <typename T> QByteArray Le(T v) {
+    QByteArray b(static_cast<qsizetype>(sizeof(T)), '\0');
+    Metti(b, 0, v);
     return b;
+}
+// UTF-16 little-endian, as the tests' hosts keep it.
+QByteArray Ucs2(const QString& testo) {
+    return QByteArray(reinterpret_cast<const char*>(testo.utf16()), testo.size() * 2);
 }
 
 // Text is stored compressed (one byte a character) when every character allows it.
 QByteArray TestoJet(const QString& testo) {
-    bool comprimibile = true;
-    for (const QChar c : testo)
-        comprimibile = comprimibile && c.unicode() >= 1 && c.unicode() <= 0xFF;
-    if (!comprimibile)
-        return Ucs2(testo);
-    QByteArray b("\xFF\xFE", 2);
-    for (const QChar c : testo)
-        b.append(static_cast<char>(c.unicode()));
-    return b;
+    const QByteArray latino = testo.toLatin1();
+    return QString::fromLatin1(latino) == testo && !latino.contains('\0') ? "\xFF\xFE" + latino : Ucs2(testo);
 }
 
 bool Fissa(TipoJet tipo) {
-    return tipo != TipoJet::Testo && tipo != TipoJet::Memo && tipo != TipoJet::Binario &&
-           tipo != TipoJet::Ole;
+    return tipo != TipoJet::Testo && tipo != TipoJet::Memo && tipo != Ole;
 }
 
+// The bytes a fixed column takes in a row, a text column's longest value in bytes.
 int Dimensione(TipoJet tipo) {
-    return tipo == TipoJet::Booleano || tipo == TipoJet::Memo ? 0
-           : tipo == TipoJet::Intero                          ? 2
-           : tipo == TipoJet::Lungo                           ? 4
-           : tipo == TipoJet::Testo                           ? 510
-                                                              : 8;
-}
-
-double DataJet(const QVariant& valore) {
-    if (valore.typeId() == QMetaType::Double)
-        return valore.toDouble();
-    const QDateTime momento = valore.toDateTime();
-    const double giorni = static_cast<double>(QDate(1899, 12, 30).daysTo(momento.date()));
-    const double frazione = momento.time().msecsSinceStartOfDay() / 86400000.0;
-    return giorni >= 0 ? giorni + frazione : giorni - frazione;
+    constexpr int dimensioni[] = {0, 0, 0, 2, 4, 0, 0, 8, 8, 0, 510, 8, 0};
+    return dimensioni[static_cast<int>(tipo)];
 }
 
 // The whole file as pages, and where rows go.
-class Archivio {
-public:
+struct Archivio {
     int NuovaPagina(quint8 tipo, quint32 proprietario) {
-        QByteArray p(Pagina, '\0');
-        p[0] = static_cast<char>(tipo);
-        p[1] = 1;
+        QByteArray p = QByteArray(1, static_cast<char>(tipo)) + '\1' + QByteArray(Pagina - 2, '\0');
         if (tipo == 1) {
             Metti<quint16>(p, 2, Pagina - InizioRighe);
             Metti<quint32>(p, 4, proprietario);
@@ -80,14 +56,12 @@ public:
         m_pagine << p;
         return static_cast<int>(m_pagine.size() - 1);
     }
-    QByteArray& At(int pagina) { return m_pagine[pagina]; }
-    int Pagine() const { return static_cast<int>(m_pagine.size()); }
 
     // Adds a row to a data page when it fits; the row's pg_row, or 0.
     quint32 Riga(int pagina, const QByteArray& riga) {
         QByteArray& p = m_pagine[pagina];
-        const int righe = qFromLittleEndian<quint16>(p.constData() + 12);
-        const int libero = qFromLittleEndian<quint16>(p.constData() + 2);
+        const int righe = qFromLittleEndian<quint16>(p.constData() + 12),
+                  libero = qFromLittleEndian<quint16>(p.constData() + 2);
         if (righe >= 255 || libero < riga.size() + 2)
             return 0;
         const int fine =
@@ -100,153 +74,86 @@ public:
         return static_cast<quint32>(pagina) << 8 | static_cast<quint32>(righe);
     }
 
-    // A row on the current page of a table, or on a new one; answers its pg_row.
-    quint32 RigaDiTabella(int& corrente, quint32 proprietario, QList<int>& pagine, const QByteArray& riga) {
-        if (corrente >= 0)
-            if (const quint32 posto = Riga(corrente, riga))
-                return posto;
-        corrente = NuovaPagina(1, proprietario);
-        pagine << corrente;
-        const quint32 posto = Riga(corrente, riga);
-        if (!posto)
-            throw std::runtime_error("a row does not fit a page");
-        return posto;
-    }
-
-    // A long value on long-value pages: one row for a short one, else a chain, one piece a page.
-    quint32 Lval(const QByteArray& dati, bool& catena) {
-        catena = dati.size() > PezzoLval;
-        if (!catena)
-            return Riga(PaginaLval(), dati);
+    // A long value as a chain of rows on long-value pages, one a piece, the first piece first.
+    quint32 Lval(const QByteArray& dati) {
         quint32 successivo = 0;
         for (qsizetype fine = dati.size(); fine > 0;) {
             const qsizetype inizio = ((fine - 1) / PezzoLval) * PezzoLval;
-            QByteArray pezzo;
-            Aggiungi<quint32>(pezzo, successivo);
-            pezzo += dati.mid(inizio, fine - inizio);
-            successivo = Riga(PaginaLval(), pezzo);
+            const int pagina = NuovaPagina(1, 0);
+            std::memcpy(m_pagine[pagina].data() + 4, "LVAL", 4);
+            successivo = Riga(pagina, Le<quint32>(successivo) + dati.mid(inizio, fine - inizio));
             fine = inizio;
         }
         return successivo;
     }
 
-    void Scrivi(const QString& percorso) const {
-        QFile file(percorso);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            throw std::runtime_error("cannot write the Jet file");
-        for (const QByteArray& p : m_pagine)
-            file.write(p);
-    }
-
-private:
-    int PaginaLval() {
-        const int pagina = NuovaPagina(1, 0);
-        std::memcpy(m_pagine[pagina].data() + 4, "LVAL", 4);
-        return pagina;
-    }
-
     QList<QByteArray> m_pagine;
 };
 
+// A memo field: its length (flagged when the value follows in the row), where the value lies, and a short
+// value itself.
 QByteArray Memo(Archivio& archivio, const QByteArray& dati) {
-    QByteArray campo;
-    if (dati.size() <= MemoInLinea) {
-        Aggiungi<quint32>(campo, static_cast<quint32>(dati.size()) | 0x80000000u);
-        Aggiungi<quint32>(campo, 0);
-        Aggiungi<quint32>(campo, 0);
-        return campo + dati;
-    }
-    bool catena = false;
-    const quint32 posto = archivio.Lval(dati, catena);
-    Aggiungi<quint32>(campo, static_cast<quint32>(dati.size()) | (catena ? 0u : 0x40000000u));
-    Aggiungi<quint32>(campo, posto);
-    Aggiungi<quint32>(campo, 0);
-    return campo;
+    const bool inLinea = dati.size() <= 1024;
+    const QByteArray campo = Le<quint32>(static_cast<quint32>(dati.size()) | (inLinea ? 0x80000000u : 0u)) +
+                             Le<quint32>(inLinea ? 0 : archivio.Lval(dati)) + QByteArray(4, '\0');
+    return inLinea ? campo + dati : campo;
 }
 
 // The bytes of one column value in a row; empty for NULL, a Boolean and an empty text.
 QByteArray Valore(Archivio& archivio, TipoJet tipo, const QVariant& valore) {
-    QByteArray b;
+    const QString testo = valore.toString();
     switch (tipo) {
     case TipoJet::Intero:
-        Aggiungi<quint16>(b, static_cast<quint16>(valore.toInt()));
-        break;
+        return Le<quint16>(static_cast<quint16>(valore.toInt()));
     case TipoJet::Lungo:
-        Aggiungi<quint32>(b, static_cast<quint32>(valore.toInt()));
-        break;
+        return Le<quint32>(static_cast<quint32>(valore.toInt()));
     case TipoJet::Doppio:
-        Aggiungi<double>(b, valore.toDouble());
-        break;
     case TipoJet::DataOra:
-        Aggiungi<double>(b, DataJet(valore));
-        break;
+        return Le<double>(valore.toDouble());
     case TipoJet::Testo:
-        b = valore.toString().isEmpty() ? QByteArray() : TestoJet(valore.toString());
-        break;
+        return testo.isEmpty() ? QByteArray() : TestoJet(testo);
     case TipoJet::Memo:
-        b = valore.toString().isEmpty() ? QByteArray() : Memo(archivio, TestoJet(valore.toString()));
-        break;
-    case TipoJet::Ole:
-        b = Memo(archivio, valore.toByteArray());
-        break;
+        return testo.isEmpty() ? QByteArray() : Memo(archivio, TestoJet(testo));
     default:
-        break;
+        return {};
     }
-    return b;
 }
 
 QByteArray Riga(Archivio& archivio, const QList<ColonnaProva>& colonne, const QVariantList& valori) {
     const int n = static_cast<int>(colonne.size());
-    QByteArray fisse;
-    QList<QByteArray> variabili;
-    QByteArray nulli((n + 7) / 8, '\0');
+    QByteArray riga = Le<quint16>(static_cast<quint16>(n)), variabili, fine, nulli((n + 7) / 8, '\0');
     for (int i = 0; i < n; ++i) {
         const TipoJet tipo = colonne.at(i).tipo;
         const QVariant valore = valori.value(i);
-        const bool presente = tipo == TipoJet::Booleano ? valore.toBool() : !valore.isNull();
-        if (presente)
+        if (tipo == TipoJet::Booleano ? valore.toBool() : !valore.isNull())
             nulli[i / 8] = static_cast<char>(nulli.at(i / 8) | (1 << (i % 8)));
         const QByteArray dati = valore.isNull() ? QByteArray() : Valore(archivio, tipo, valore);
-        if (!Fissa(tipo))
-            variabili << dati;
-        else if (tipo != TipoJet::Booleano)
-            fisse += dati.isEmpty() ? QByteArray(Dimensione(tipo), '\0') : dati;
+        if (!Fissa(tipo)) {
+            fine.prepend(Le<quint16>(static_cast<quint16>(variabili.size())));
+            variabili += dati;
+        } else if (tipo != TipoJet::Booleano)
+            riga += dati.isEmpty() ? QByteArray(Dimensione(tipo), '\0') : dati;
     }
-    QByteArray riga;
-    Aggiungi<quint16>(riga, static_cast<quint16>(n));
-    riga += fisse;
-    QList<quint16> inizi;
-    for (const QByteArray& dati : variabili) {
-        inizi << static_cast<quint16>(riga.size());
-        riga += dati;
-    }
-    if (!variabili.isEmpty()) {
-        Aggiungi<quint16>(riga, static_cast<quint16>(riga.size()));
-        for (qsizetype i = inizi.size() - 1; i >= 0; --i)
-            Aggiungi<quint16>(riga, inizi.at(i));
-        Aggiungi<quint16>(riga, static_cast<quint16>(variabili.size()));
-    }
-    return riga + nulli;
+    // Variable values follow the fixed ones; their offsets (last first), the end and the count close the row.
+    for (qsizetype i = 0; i < fine.size(); i += 2)
+        Metti<quint16>(fine, i,
+                       static_cast<quint16>(qFromLittleEndian<quint16>(fine.constData() + i) + riga.size()));
+    if (!fine.isEmpty())
+        fine = Le<quint16>(static_cast<quint16>(riga.size() + variabili.size())) + fine +
+               Le<quint16>(static_cast<quint16>(fine.size() / 2));
+    return riga + variabili + fine + nulli;
 }
 
 QByteArray Definizione(const QList<ColonnaProva>& colonne, bool sistema, quint32 righe, quint32 usate,
                        quint32 libere) {
-    QByteArray t(63, '\0');
-    t[0] = 2;
-    t[1] = 1;
-    Metti<quint32>(t, 12, Sconosciuto);
-    Metti<quint32>(t, 16, righe);
+    QByteArray t = QByteArray::fromHex("0201") + QByteArray(61, '\0'), nomi, variabili;
+    for (const auto& [posizione, valore] :
+         {std::pair{12, Sconosciuto}, {16, righe}, {55, usate}, {59, libere}})
+        Metti<quint32>(t, posizione, valore);
     t[24] = 1;
     t[40] = sistema ? 0x53 : 0x4E;
-    int variabili = 0;
-    for (const ColonnaProva& c : colonne)
-        variabili += Fissa(c.tipo) ? 0 : 1;
     Metti<quint16>(t, 41, static_cast<quint16>(colonne.size()));
-    Metti<quint16>(t, 43, static_cast<quint16>(variabili));
     Metti<quint16>(t, 45, static_cast<quint16>(colonne.size()));
-    Metti<quint32>(t, 55, usate);
-    Metti<quint32>(t, 59, libere);
-    int indiceVariabile = 0;
     int posizioneFissa = 0;
     for (int i = 0; i < colonne.size(); ++i) {
         const TipoJet tipo = colonne.at(i).tipo;
@@ -257,100 +164,42 @@ QByteArray Definizione(const QList<ColonnaProva>& colonne, bool sistema, quint32
         Metti<quint16>(e, 9, static_cast<quint16>(i));
         if (tipo == TipoJet::Testo || tipo == TipoJet::Memo)
             Metti<quint16>(e, 11, 0x0409);
+        e[15] = Fissa(tipo) ? 0x03 : 0x02;
+        e[16] = tipo == TipoJet::Testo ? 0x01 : 0x00;
         if (Fissa(tipo)) {
-            e[15] = 0x03;
             Metti<quint16>(e, 21, static_cast<quint16>(tipo == TipoJet::Booleano ? 0 : posizioneFissa));
             posizioneFissa += Dimensione(tipo);
         } else {
-            e[15] = 0x02;
-            Metti<quint16>(e, 7, static_cast<quint16>(indiceVariabile++));
+            Metti<quint16>(e, 7, static_cast<quint16>(variabili.size() / 10));
+            variabili += Le<quint16>(static_cast<quint16>(i)) + Le<quint32>(usate) + Le<quint32>(libere);
         }
-        if (tipo == TipoJet::Testo)
-            e[16] = 0x01;
         Metti<quint16>(e, 23, static_cast<quint16>(tipo == TipoJet::Booleano ? 1 : Dimensione(tipo)));
         t += e;
+        nomi += Le<quint16>(static_cast<quint16>(colonne.at(i).nome.size() * 2)) + Ucs2(colonne.at(i).nome);
     }
-    for (const ColonnaProva& c : colonne) {
-        const QByteArray nome = Ucs2(c.nome);
-        Aggiungi<quint16>(t, static_cast<quint16>(nome.size()));
-        t += nome;
-    }
-    for (int i = 0; i < colonne.size(); ++i) {
-        if (Fissa(colonne.at(i).tipo))
-            continue;
-        Aggiungi<quint16>(t, static_cast<quint16>(i));
-        Aggiungi<quint32>(t, usate);
-        Aggiungi<quint32>(t, libere);
-    }
-    t += QByteArray("\xFF\xFF", 2) + QByteArray(8, '\0');
-    if (t.size() > Pagina)
-        throw std::runtime_error("a table definition longer than a page");
+    Metti<quint16>(t, 43, static_cast<quint16>(variabili.size() / 10));
+    t += nomi + variabili + QByteArray("\xFF\xFF", 2) + QByteArray(8, '\0');
     Metti<quint32>(t, 8, static_cast<quint32>(t.size() - 8));
     Metti<quint16>(t, 2, static_cast<quint16>(Pagina - t.size()));
     return t + QByteArray(Pagina - t.size(), '\0');
 }
 
-// The columns' Required property, read by mdbtools from the catalog row's LvProp.
-QByteArray Proprieta(const QList<ColonnaProva>& colonne) {
-    QByteArray b("MR2\0", 4);
-    const QByteArray nome = Ucs2(QStringLiteral("Required"));
-    QByteArray nomi;
-    Aggiungi<quint16>(nomi, static_cast<quint16>(nome.size()));
-    nomi += nome;
-    Aggiungi<quint32>(b, static_cast<quint32>(6 + nomi.size()));
-    Aggiungi<quint16>(b, 0x80);
-    b += nomi;
-    for (const ColonnaProva& c : colonne) {
-        const QByteArray colonna = Ucs2(c.nome);
-        QByteArray blocco;
-        Aggiungi<quint32>(blocco, static_cast<quint32>(6 + colonna.size()));
-        Aggiungi<quint16>(blocco, static_cast<quint16>(colonna.size()));
-        blocco += colonna;
-        Aggiungi<quint16>(blocco, 9);
-        blocco += QByteArray("\x01\x01", 2);
-        Aggiungi<quint16>(blocco, 0);
-        Aggiungi<quint16>(blocco, 1);
-        blocco += c.required ? '\x01' : '\x00';
-        Aggiungi<quint32>(b, static_cast<quint32>(6 + blocco.size()));
-        Aggiungi<quint16>(b, 0x01);
-        b += blocco;
-    }
-    return b;
-}
-
-// Only the catalog columns mdbtools reads.
-QList<ColonnaProva> ColonneCatalogo() {
-    return {{QStringLiteral("Id"), TipoJet::Lungo},
-            {QStringLiteral("Name"), TipoJet::Testo},
-            {QStringLiteral("Type"), TipoJet::Intero},
-            {QStringLiteral("Flags"), TipoJet::Lungo},
-            {QStringLiteral("LvProp"), TipoJet::Ole}};
-}
-
 // A usage map row for the pages of a table: type 0 when they fit 512 pages, else type 1 over bitmap pages.
 QByteArray Mappa(Archivio& archivio, const QList<int>& pagine) {
-    QByteArray m;
-    const int prima = pagine.isEmpty() ? 0 : pagine.first();
-    const int ultima = pagine.isEmpty() ? 0 : pagine.last();
-    if (ultima - prima < 512) {
-        m.append('\0');
-        Aggiungi<quint32>(m, static_cast<quint32>(prima));
-        QByteArray bit(64, '\0');
-        for (const int p : pagine)
-            bit[(p - prima) / 8] = static_cast<char>(bit.at((p - prima) / 8) | (1 << ((p - prima) % 8)));
-        return m + bit;
-    }
     constexpr int PerPagina = (Pagina - 4) * 8;
-    m.append('\1');
-    for (int j = 0; j <= ultima / PerPagina; ++j) {
-        const int bitmap = archivio.NuovaPagina(5, 0);
-        QByteArray& b = archivio.At(bitmap);
-        b[2] = b[3] = 0;
-        for (const int p : pagine)
-            if (p / PerPagina == j)
-                b[4 + (p % PerPagina) / 8] =
-                    static_cast<char>(b.at(4 + (p % PerPagina) / 8) | (1 << (p % 8)));
-        Aggiungi<quint32>(m, static_cast<quint32>(bitmap));
+    const int prima = pagine.isEmpty() ? 0 : pagine.first(), ultima = pagine.isEmpty() ? 0 : pagine.last();
+    const bool piccola = ultima - prima < 512;
+    QByteArray m = piccola
+                       ? QByteArray(1, '\0') + Le<quint32>(static_cast<quint32>(prima)) + QByteArray(64, '\0')
+                       : QByteArray(1, '\1');
+    for (int j = 0; !piccola && j <= ultima / PerPagina; ++j)
+        m += Le<quint32>(static_cast<quint32>(archivio.NuovaPagina(5, 0)));
+    for (const int p : pagine) {
+        const int bit = piccola ? p - prima : p % PerPagina, byte = (piccola ? 5 : 4) + bit / 8;
+        QByteArray& b =
+            piccola ? m
+                    : archivio.m_pagine[qFromLittleEndian<quint32>(m.constData() + 1 + 4 * (p / PerPagina))];
+        b[byte] = static_cast<char>(b.at(byte) | (1 << (bit % 8)));
     }
     return m;
 }
@@ -360,46 +209,31 @@ QByteArray Intestazione(const QString& password, double dataCreazione) {
     h[1] = 1;
     std::memcpy(h.data() + 4, "Standard Jet DB\0", 16);
     h[0x14] = 1;
-    const char piane[] =
-        "\x00\x01\x00\x00\x01\x01\x00\x00\x02\x00\x00\x00\x03\x00\x00\x00\x04\x00\x00\x00\x05\x00\x00\x00";
-    std::memcpy(h.data() + 0x18, piane, 24);
+    h.replace(0x18, 24, QByteArray::fromHex("000100000101000002000000030000000400000005000000"));
     Metti<quint16>(h, 0x3C, 1252);
     Metti<quint16>(h, 0x6A, 0x11A6);
     Metti<quint16>(h, 0x6E, 0x0409);
-    qToLittleEndian(dataCreazione, h.data() + 0x72);
+    Metti<double>(h, 0x72, dataCreazione);
     const QByteArray chiaro = Ucs2(password).leftJustified(40, '\0', true);
     const auto maschera = static_cast<quint32>(static_cast<qint32>(dataCreazione));
     for (int i = 0; i < 40; ++i)
         h[0x42 + i] = static_cast<char>(chiaro.at(i) ^ static_cast<char>(maschera >> (8 * (i % 4))));
     Rc4(QByteArrayView("\xC7\xDA\x39\x6B", 4), h.data() + 0x18, 128);
-    std::memcpy(h.data() + 0x98,
-                "\x54\x06\x00\x00"
-                "4.0\0",
-                8);
+    h.replace(0x98, 8, QByteArray::fromHex("54060000342e3000"));
     return h;
 }
 
-struct Piano {
-    int definizione = 0;
+// The rows of a table on data pages of their own; those pages.
+QList<int> Dati(Archivio& archivio, int definizione, const TabellaProva& tabella) {
     QList<int> pagine;
-    quint32 righe = 0;
-};
-
-Piano Dati(Archivio& archivio, int definizione, const QList<ColonnaProva>& colonne,
-           const QList<QVariantList>& righe) {
-    Piano piano;
-    piano.definizione = definizione;
-    int corrente = -1;
-    for (const QVariantList& valori : righe) {
-        const QByteArray riga = Riga(archivio, colonne, valori);
-        archivio.RigaDiTabella(corrente, static_cast<quint32>(definizione), piano.pagine, riga);
-        ++piano.righe;
+    for (const QVariantList& valori : tabella.righe) {
+        const QByteArray riga = Riga(archivio, tabella.colonne, valori);
+        if (pagine.isEmpty() || !archivio.Riga(pagine.last(), riga)) {
+            pagine << archivio.NuovaPagina(1, static_cast<quint32>(definizione));
+            archivio.Riga(pagine.last(), riga);
+        }
     }
-    return piano;
-}
-
-QVariantList RigaCatalogo(const QString& nome, qint32 id, qint32 bandiere, const QVariant& proprieta = {}) {
-    return {id, nome, 1, bandiere, proprieta};
+    return pagine;
 }
 
 } // namespace
@@ -410,30 +244,36 @@ void ScriviArchivioJet4(const QString& percorso, const QList<TabellaProva>& tabe
     archivio.NuovaPagina(0, 0);
     archivio.NuovaPagina(1, 1);
     archivio.NuovaPagina(2, 0);
-    QList<Piano> piani;
+    // The catalog first: the columns mdbtools reads, a system table and a row per table.
+    QList<TabellaProva> tutte{
+        {QStringLiteral("MSysObjects"),
+         {{QStringLiteral("Id"), TipoJet::Lungo},
+          {QStringLiteral("Name")},
+          {QStringLiteral("Type"), TipoJet::Intero},
+          {QStringLiteral("Flags"), TipoJet::Lungo},
+          {QStringLiteral("LvProp"), Ole}},
+         {{2, QStringLiteral("MSysObjects"), 1, static_cast<qint32>(0x80000000u), QVariant()}}}};
+    QList<int> definizioni{2};
+    QList<QList<int>> pagine{{}};
     for (const TabellaProva& t : tabelle) {
-        const int definizione = archivio.NuovaPagina(2, 0);
-        piani << Dati(archivio, definizione, t.colonne, t.righe);
+        definizioni << archivio.NuovaPagina(2, 0);
+        pagine << Dati(archivio, definizioni.last(), t);
+        tutte[0].righe << QVariantList{definizioni.last(), t.nome, 1, 0, QVariant()};
+        tutte << t;
     }
-    QList<QVariantList> catalogo{
-        RigaCatalogo(QStringLiteral("MSysObjects"), 2, static_cast<qint32>(0x80000000u))}; // a system table
-    for (int i = 0; i < tabelle.size(); ++i)
-        catalogo << RigaCatalogo(tabelle.at(i).nome, piani.at(i).definizione, 0,
-                                 Proprieta(tabelle.at(i).colonne));
-    const QList<ColonnaProva> colonneCatalogo = ColonneCatalogo();
-    const Piano piano = Dati(archivio, 2, colonneCatalogo, catalogo);
+    pagine[0] = Dati(archivio, 2, tutte[0]);
     const int mappe = archivio.NuovaPagina(1, 0);
     const quint32 vuota = archivio.Riga(mappe, Mappa(archivio, {}));
     archivio.Riga(1, Mappa(archivio, {}));
-    const quint32 usateCatalogo = archivio.Riga(mappe, Mappa(archivio, piano.pagine));
-    archivio.At(2) = Definizione(colonneCatalogo, true, piano.righe, usateCatalogo, vuota);
-    for (int i = 0; i < tabelle.size(); ++i) {
-        const quint32 usate = archivio.Riga(mappe, Mappa(archivio, piani.at(i).pagine));
-        if (!usate)
-            throw std::runtime_error("too many usage maps for one page");
-        archivio.At(piani.at(i).definizione) =
-            Definizione(tabelle.at(i).colonne, false, piani.at(i).righe, usate, vuota);
+    for (int i = 0; i < tutte.size(); ++i) {
+        const quint32 usate = archivio.Riga(mappe, Mappa(archivio, pagine.at(i)));
+        const auto righe = static_cast<quint32>(tutte.at(i).righe.size());
+        archivio.m_pagine[definizioni.at(i)] = Definizione(tutte.at(i).colonne, i == 0, righe, usate, vuota);
     }
-    archivio.At(0) = Intestazione(password, dataCreazione);
-    archivio.Scrivi(percorso);
+    archivio.m_pagine[0] = Intestazione(password, dataCreazione);
+    QFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        throw std::runtime_error("cannot write the Jet file");
+    for (const QByteArray& p : std::as_const(archivio.m_pagine))
+        file.write(p);
 }

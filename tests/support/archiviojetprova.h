@@ -6,7 +6,7 @@
 
 // Small Jet 4 files for the tests and the benchmark, in the minimal layout mdbtools reads: a header
 // page (with an optional database password), the catalog, and per table its definition, data pages,
-// long-value pages and usage maps. No indexes: the Jet engine itself would probably refuse them.
+// long-value pages and usage maps. No indexes and no column properties.
 
 enum class TipoJet : quint8 {
     Booleano = 1,
@@ -14,20 +14,18 @@ enum class TipoJet : quint8 {
     Lungo = 4,
     Doppio = 7,
     DataOra = 8,
-    Binario = 9,
     Testo = 10,
-    Ole = 11,
     Memo = 12
 };
 
 struct ColonnaProva {
     QString nome;
     TipoJet tipo = TipoJet::Testo;
-    bool required = false;
 };
 
-// Values by column: a null QVariant is NULL; bool, int, double, QDateTime (or a Jet date as double)
-// QString, and QByteArray for Binario and Ole, as the column's type wants.
+// Values by column: a null QVariant is NULL; bool, int, double (a date as days from
+// 30/12/1899) and QString, as the column's type
+// wants.
 struct TabellaProva {
     QString nome;
     QList<ColonnaProva> colonne;
