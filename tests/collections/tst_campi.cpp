@@ -6,6 +6,7 @@
 #include "form1.h"
 #include "frmproprietacontrollo.h"
 #include "frmsceglicampi.h"
+#include "grigliaproprieta.h"
 #include "listecontrolli.h"
 #include "programma.h"
 #include "routinesql.h"
@@ -14,6 +15,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
+#include <sqlcipher/sqlite3.h>
 
 namespace {
 
@@ -36,9 +38,17 @@ std::function<void(QDialog&)> Conferma(const QList<QPair<QString, QString>>& val
 
 // What another reader of the store sees: only what has been committed.
 QString CampiVistiDaFuori(const QString& percorso) {
-    Connessione altra;
-    altra.Apri(percorso, Programma::PasswordArchivio());
-    return altra.ApriRecordset(QStringLiteral("select count(*) from campi")).Campo(0).toString();
+    sqlite3* db = nullptr;
+    sqlite3_open_v2(percorso.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+    const QByteArray chiave = Programma::PasswordArchivio().toUtf8();
+    sqlite3_key(db, chiave.constData(), static_cast<int>(chiave.size()));
+    sqlite3_stmt* stmt = nullptr;
+    sqlite3_prepare_v2(db, "select count(*) from campi", -1, &stmt, nullptr);
+    const QString risposta = sqlite3_step(stmt) == SQLITE_ROW ? QString::number(sqlite3_column_int(stmt, 0))
+                                                              : QString::fromUtf8(sqlite3_errmsg(db));
+    sqlite3_finalize(stmt);
+    sqlite3_close(db);
+    return risposta;
 }
 
 // A temporary store and the collections window with a new collection selected; prompts are scripted.

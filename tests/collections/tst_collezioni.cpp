@@ -4,6 +4,7 @@
 #include "letture.h"
 
 #include "form1.h"
+#include "grigliaproprieta.h"
 #include "listecontrolli.h"
 #include "routinesql.h"
 

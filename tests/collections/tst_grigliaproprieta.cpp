@@ -85,7 +85,7 @@ private Q_SLOTS:
     void theStoreKeepsSizesWhole() {
         Finestra f;
         f.script.Rispondi(Risposta::Ok).Rispondi(Risposta::Ok);
-        for (const char* rifiutato : {"1,5", "32768"}) {
+        for (const QString& rifiutato : {QStringLiteral("1,5"), QStringLiteral("32768")}) {
             f.griglia->FineModifica(f.Riga("width"), rifiutato);
             QCOMPARE(f.Valore("width"), QStringLiteral("120|120"));
             QCOMPARE(f.griglia->currentItem(), f.Riga("width"));
