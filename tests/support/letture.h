@@ -1,8 +1,7 @@
 #pragma once
-// Small look-ups shared by the backup, start-up and collections tests.
+// Reads shared by the backup, start-up and collections tests: a file's bytes, a list's texts, a query's rows.
 
 #include "archivio.h"
-#include "interazione.h"
 
 #include <QFile>
 #include <QListWidget>
@@ -31,14 +30,4 @@ inline QString Valori(const QString& sql) {
         righe << valori.join(';');
     }
     return righe.join(" / ");
-}
-
-// A file dialog's request as one line: save or open, title, name, folder, extension, filters.
-inline QString DialogoFile(const RichiestaFile& r) {
-    QStringList filtri;
-    for (const auto& [didascalia, modello] : r.filtri)
-        filtri << didascalia + "=" + modello;
-    return QStringList({r.apertura ? QStringLiteral("apri") : QStringLiteral("salva"), r.titolo, r.nomeFile,
-                        r.cartellaIniziale, r.estensione, filtri.join(',')})
-        .join('|');
 }
