@@ -1,11 +1,7 @@
 #pragma once
 
-#include <QLineF>
-#include <QList>
 #include <QPaintDevice>
 #include <QPaintEngine>
-#include <QRectF>
-#include <algorithm>
 
 // A paint device, its own engine, recording texts, lines and picture rectangles in painter coordinates.
 class RegistroDisegno final : public QPaintDevice, private QPaintEngine {
@@ -22,49 +18,31 @@ public:
         : QPaintEngine(AllFeatures) {}
     QPaintEngine* paintEngine() const override { return const_cast<RegistroDisegno*>(this); }
 
-    QStringList Testi() const {
-        QStringList elenco;
-        for (const Testo& testo : testi)
-            elenco << testo.testo;
-        return elenco;
-    }
-    // The first text equal to `testo`, or nullptr.
-    const Testo* Cerca(const QString& testo) const {
-        const auto trovato =
-            std::find_if(testi.begin(), testi.end(), [&](const Testo& t) { return t.testo == testo; });
-        return trovato == testi.end() ? nullptr : &*trovato;
-    }
+    QStringList Testi() const { return m_elenco; }
 
 protected:
     int metric(PaintDeviceMetric metrica) const override {
-        switch (metrica) {
-        case PdmWidth:
-        case PdmHeight:
+        if (metrica == PdmWidth || metrica == PdmHeight)
             return 1'000'000;
-        case PdmWidthMM:
-        case PdmHeightMM:
+        if (metrica == PdmWidthMM || metrica == PdmHeightMM)
             return 1'000'000 / 960 * 254;
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
+        if (metrica == PdmDevicePixelRatioScaled)
             return static_cast<int>(devicePixelRatioFScale());
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY:
-            return 96;
-        default:
-            return 32;
-        }
+        if (metrica == PdmDevicePixelRatio)
+            return 1;
+        return metrica >= PdmDpiX && metrica <= PdmPhysicalDpiY ? 96 : 32;
     }
 
 private:
+    QStringList m_elenco;
+
     bool begin(QPaintDevice*) override { return true; }
     bool end() override { return true; }
     void updateState(const QPaintEngineState&) override {}
     Type type() const override { return User; }
     void drawTextItem(const QPointF& punto, const QTextItem& testo) override {
         testi.append({testo.text(), punto});
+        m_elenco.append(testo.text());
     }
     // Integer lines reach this through the base class.
     void drawLines(const QLineF* inizio, int quante) override {
