@@ -69,7 +69,7 @@ private Q_SLOTS:
         m_archivio = std::make_unique<ArchivioTemporaneo>();
         m_id = CreaCollezione("Dischi", QString());
         m_campi.clear();
-        for (const QString& tipo : {"textbox", "memo", "image"}) {
+        for (const QString& tipo : QStringList{"textbox", "memo", "image"}) {
             const QStringList n = partenza.at(m_campi.size()).split(QRegularExpression("[, x]"));
             QVariantHash campo{{"nome", tipo}, {"etichetta", tipo}, {"tipo", tipo}, {"special", "TRUE"}};
             campo.insert({{"left", n[0]}, {"top", n[1]}, {"width", n[2]}, {"height", n[3]}});

@@ -6,11 +6,10 @@
 #include "frmrecord.h"
 #include "impostazioni.h"
 #include "interazionescriptata.h"
+#include "routinesql.h"
 
-#include <QComboBox>
-#include <QLineEdit>
 #include <QTest>
-#include <QToolBar>
+#include <QtWidgets>
 #include <memory>
 
 // The builder on the record window.
