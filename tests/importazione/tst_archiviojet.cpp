@@ -4,12 +4,24 @@
 #include "archiviojet.h"
 #include "erroredatabase.h"
 #include "importaarchivio.h"
+#include "intestazionejet.h"
 #include "scritturacollezione.h"
 
 #include <QFile>
 #include <QtTest>
+#include <cstring>
 
 namespace {
+
+// A Jet 3 header page keeping a password as the format does: clear text under RC4.
+QByteArray IntestazioneJet3(const QByteArray& password) {
+    QByteArray h(2048, '\0');
+    h[1] = 1;
+    std::memcpy(h.data() + 4, "Standard Jet DB\0", 16);
+    std::memcpy(h.data() + 0x42, password.constData(), static_cast<size_t>(password.size()));
+    Rc4(QByteArrayView("\xC7\xDA\x39\x6B", 4), h.data() + 0x18, 126);
+    return h;
+}
 
 QString Lungo(int n) {
     QString testo;
@@ -58,6 +70,15 @@ class TestArchivioJet final : public QObject {
     QString Percorso(const QString& nome) const { return m_cartella.filePath(nome); }
 
 private Q_SLOTS:
+    // No Jet 3 file was at hand: its password is checked on header bytes alone.
+    void password_jet3() {
+        QCOMPARE(LeggiIntestazioneJet(IntestazioneJet3({})).password, QString());
+        const IntestazioneJet piena = LeggiIntestazioneJet(IntestazioneJet3("P\xE4sswort \x80"));
+        QCOMPARE(piena.versione, VersioneJet::Jet3);
+        QVERIFY(PasswordAccettata(piena, QString::fromUtf8("Pässwort €")));
+        QVERIFY(!PasswordAccettata(piena, "Passwort"));
+    }
+
     void initTestCase() {
         UsaLocaleItaliano();
         ScriviArchivioJet4(Percorso("film.dat"), {Film(), {"canzoni", {{"Titolo"}}, {{"Volare"}}}});
