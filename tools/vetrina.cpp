@@ -150,7 +150,9 @@ int main(int argc, char** argv) {
     proprieta.show();
     Salva(proprieta, uscita, "proprieta.png");
 
+    // Where child windows open by themselves, then tiled as the guide shows them.
     InserisciRecord(*form.List1);
+    Salva(frame, uscita, "record-apertura.png");
     frame.AreaFigli()->tileSubWindows();
     Salva(frame, uscita, "record.png");
     FinestraRecord().Toolbar1_ButtonClick(QStringLiteral("edit"));
@@ -161,6 +163,7 @@ int main(int argc, char** argv) {
     FinestraRicerca()->Text1->setText(QStringLiteral("o"));
     FinestraRicerca()->cmdGO_Click();
     Salva(*FinestraRicerca(), uscita, "ricerca.png");
+    Salva(frame, uscita, "ricerca-apertura.png");
     frame.AreaFigli()->tileSubWindows();
     Salva(frame, uscita, "ricerca-frame.png");
 

@@ -5,31 +5,24 @@
 #include "form1.h"
 #include "frmmain.h"
 #include "iconaprogramma.h"
+#include "istanzaunica.h"
 #include "listecontrolli.h"
 #include "localeprogramma.h"
 #include "programma.h"
 #include "rigadicomando.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QListWidget>
-#include <QLockFile>
-#include <QStandardPaths>
 #include <cstdio>
 #include <exception>
-#include <memory>
-
-bool PrimaIstanza() {
-    QString cartella = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (cartella.isEmpty())
-        cartella = QDir::tempPath();
-    static std::unique_ptr<QLockFile> blocco;
-    blocco = std::make_unique<QLockFile>(cartella + QStringLiteral("/orvix.lock"));
-    blocco->setStaleLockTime(0);
-    return blocco->tryLock(0);
-}
 
 namespace {
+
+void Davanti(QWidget& finestra) {
+    finestra.setWindowState(finestra.windowState() & ~Qt::WindowMinimized);
+    finestra.raise();
+    finestra.activateWindow();
+}
 
 // A failure here ends the start routine quietly, as any error in it does; by now the frame and the
 // collections window exist, so the program goes on as after a normal start, and the next attempt
@@ -42,6 +35,15 @@ void PrimaCollezione(Form1& collezioni) {
 }
 
 } // namespace
+
+void PortaDavanti() {
+    const auto finestre = QApplication::topLevelWidgets();
+    for (QWidget* finestra : finestre)
+        if (finestra->objectName() == QLatin1String("frmMAIN") && finestra->isVisible())
+            Davanti(*finestra);
+    if (QWidget* modale = QApplication::activeModalWidget())
+        Davanti(*modale);
+}
 
 frmMAIN* EseguiAvvio(const QString& cartellaProgramma) {
     ApriDatabase(cartellaProgramma);
@@ -70,7 +72,7 @@ int Avvio(int argc, char** argv) {
     QApplication::setApplicationVersion(Programma::Versione());
     QApplication::setWindowIcon(IconaProgramma());
     ImpostaLocaleProgramma();
-    if (!PrimaIstanza())
+    if (!PrimaIstanza(PortaDavanti))
         return 0;
     try {
         EseguiAvvio(CartellaApplicazione(QCoreApplication::applicationDirPath()));

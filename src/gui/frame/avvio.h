@@ -14,5 +14,6 @@ frmMAIN* EseguiAvvio(const QString& cartellaProgramma);
 // Loads the collections window into the frame and fills its list; true when there is no collection.
 bool CaricaCollezioni(frmMAIN& frame);
 
-// Holds the single-instance lock in the user's runtime folder; false when another instance holds it.
-bool PrimaIstanza();
+// Brings the frame to the front, restored if minimized, and over it the modal window it waits on
+// (at the first start, the first collection's prompt): what a second start asks for.
+void PortaDavanti();

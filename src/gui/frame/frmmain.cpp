@@ -3,7 +3,6 @@
 #include "apertorericerca.h"
 #include "apriricerca.h"
 #include "archivio.h"
-#include "cartellaapplicazione.h"
 #include "comandibackup.h"
 #include "confine.h"
 #include "finestreripristino.h"
@@ -13,13 +12,14 @@
 #include "impostazioni.h"
 #include "interazione.h"
 #include "listecontrolli.h"
+#include "paginaguida.h"
 #include "posizionefigli.h"
 #include "programma.h"
+#include "tastiprogramma.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -67,6 +67,7 @@ frmMAIN::frmMAIN(QWidget* parent)
     setWindowTitle(
         TitoloFrame(Programma::VersioneMaggiore(), Programma::VersioneMinore(), Programma::Revisione()));
     ImpostaOspiteFinestre(this);
+    new TastiProgramma(*this);
     // The record window's "Trova..." reaches the search window through this hook.
     ImpostaApertoreRicerca(ApriRicerca);
     ImpostaRipristinatore([this](const QString& backup) {
@@ -204,10 +205,6 @@ void frmMAIN::mnuApriGestioneCollezioni_Click() {
     Form1& form = CaricaForm1();
     CaricaCollezioniInLista(*form.List1);
     MostraFiglia(&form);
-}
-
-QString PercorsoGuida() {
-    return CartellaFornita(QCoreApplication::applicationDirPath()) + QStringLiteral("/guidaorvix/index.html");
 }
 
 void frmMAIN::mnuHelp_Click() {

@@ -47,8 +47,5 @@ private:
     QMdiArea* m_area;
 };
 
-// The help guide: guidaorvix/index.html among the shipped files.
-QString PercorsoGuida();
-
 // "title - versione M.m.r BETA"
 QString TitoloFrame(int maggiore, int minore, int revisione);

@@ -4,8 +4,10 @@
 
 #include <QByteArray>
 #include <QString>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -15,6 +17,36 @@ bool Argomento(int argc, char** argv, const char* lungo, const char* breve) {
         if (qstrcmp(argv[i], lungo) == 0 || qstrcmp(argv[i], breve) == 0)
             return true;
     return false;
+}
+
+// The options Qt itself reads from the command line, with one dash or two; the first group takes a value.
+constexpr const char* OpzioniQtConValore[] = {
+    "platform",    "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry",
+    "qwindowicon", "qwindowtitle",       "session",       "style",  "stylesheet",
+    "display",     "geometry",           "name",          "title"};
+constexpr const char* OpzioniQt[] = {"reverse", "widgetcount", "nograb", "dograb", "sync"};
+
+bool Tra(const QByteArray& nome, const auto& elenco) {
+    return std::any_of(std::begin(elenco), std::end(elenco), [&](const char* voce) { return nome == voce; });
+}
+
+// The first argument neither the program nor Qt knows (the program takes no file or other argument).
+std::optional<QString> ArgomentoSconosciuto(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        QByteArray nome(argv[i]);
+        if (nome.startsWith("--"))
+            nome.remove(0, 1);
+        if (!nome.startsWith('-') || nome.size() < 2)
+            return QString::fromLocal8Bit(argv[i]);
+        nome.remove(0, 1);
+        if (nome.contains('=') && Tra(nome.left(nome.indexOf('=')), OpzioniQtConValore))
+            continue;
+        if (Tra(nome, OpzioniQtConValore) && i + 1 < argc)
+            ++i;
+        else if (!Tra(nome, OpzioniQt))
+            return QString::fromLocal8Bit(argv[i]);
+    }
+    return std::nullopt;
 }
 
 void Scrivi(std::FILE* destinazione, const QString& testo) {
@@ -68,6 +100,11 @@ void GestoreSenzaSchermo(QtMsgType tipo, const QMessageLogContext&, const QStrin
 } // namespace
 
 std::optional<int> RispostaSenzaFinestre(int argc, char** argv) {
+    if (const auto sconosciuto = ArgomentoSconosciuto(argc, argv)) {
+        Scrivi(stderr, QStringLiteral("orvix: argomento non riconosciuto: ") + *sconosciuto +
+                           QStringLiteral("\n\n") + Uso());
+        return 2;
+    }
     if (Argomento(argc, argv, "--help", "-h")) {
         Scrivi(stdout, Uso());
         return 0;

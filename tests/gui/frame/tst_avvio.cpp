@@ -5,6 +5,7 @@
 #include "avvio.h"
 #include "form1.h"
 #include "frmmain.h"
+#include "istanzaunica.h"
 #include "programma.h"
 #include "routinesql.h"
 
@@ -21,6 +22,12 @@ QString CopiaProgramma(const QString& cartella) {
     const QString destinazione = cartella + QStringLiteral("/orvix");
     QFile::copy(QStringLiteral(ORVIX_PROGRAMMA), destinazione);
     return destinazione;
+}
+
+void Scrivi(const QString& percorso, const QByteArray& contenuto) {
+    QFile file(percorso);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(contenuto);
 }
 
 QProcessEnvironment AmbienteProva(const QString& cartella) {
@@ -149,8 +156,9 @@ private Q_SLOTS:
         QCOMPARE(QDir(dove.path()).entryList(QDir::Files), QStringList({"orvix", Programma::NomeArchivio()}));
     }
 
-    // --version answers with no display at all; with the display unreachable, the program says so in one
-    // line and fails.
+    // --version answers with no display at all, and so does an option nobody knows: the usage on standard
+    // error and exit code 2; Qt's own options are let through. With the display unreachable, the program
+    // says so in one line and fails.
     void commandLineAndMissingDisplay() {
         QTemporaryDir cartella;
         ArchivioTemporaneo::CopiaVuoto(cartella.path());
@@ -161,6 +169,16 @@ private Q_SLOTS:
         const Esito versione = Esegui(eseguibile, {"--version"}, ambiente);
         QVERIFY2(versione.uscita == 0 && versione.uscitaStandard.contains("Orvix 0.1.0\n"),
                  qPrintable(versione.uscitaStandard));
+        for (const QStringList& argomenti : {QStringList{"--bogus"}, QStringList{"--version", "-x"},
+                                             QStringList{"un-file.orx"}, QStringList{"-style"}}) {
+            const Esito sconosciuta = Esegui(eseguibile, argomenti, ambiente);
+            QCOMPARE(sconosciuta.uscita, 2);
+            QVERIFY2(sconosciuta.uscitaStandard.isEmpty() && sconosciuta.errore.contains(argomenti.last()) &&
+                         sconosciuta.errore.contains("Uso: orvix [--help] [--version]"),
+                     qPrintable(sconosciuta.errore));
+        }
+        const Esito conQt = Esegui(eseguibile, {"-style", "fusion", "--reverse", "--version"}, ambiente);
+        QVERIFY2(conQt.uscita == 0 && conQt.uscitaStandard == "Orvix 0.1.0\n", qPrintable(conQt.errore));
         ambiente.insert(QStringLiteral("DISPLAY"), QStringLiteral(":97"));
         const Esito esito = Esegui(eseguibile, {}, ambiente);
         QCOMPARE(esito.uscita, 1);
@@ -168,13 +186,16 @@ private Q_SLOTS:
                  qPrintable(esito.errore));
     }
 
-    // Installed as <prefix>/bin/orvix, the program keeps its store in the user's data folder, seeded
-    // once from <prefix>/share/orvix; a store lost later fails the start instead of being replaced.
+    // Installed as <prefix>/bin/orvix, the program keeps its store and templates in the user's data folder,
+    // seeded once from <prefix>/share/orvix; a store lost later fails the start instead of being replaced.
     void anInstalledProgramSeedsTheUsersFolderOnce() {
         QTemporaryDir prefisso, dati;
         QDir().mkpath(prefisso.filePath("bin"));
         QDir().mkpath(prefisso.filePath("share/orvix"));
         ArchivioTemporaneo::CopiaVuoto(prefisso.filePath("share/orvix"));
+        QDir().mkpath(prefisso.filePath("share/orvix/modelli"));
+        const QByteArray modello("[Info]\r\nDescrizione=Dischi in vinile\r\n");
+        Scrivi(prefisso.filePath("share/orvix/modelli/Vinili.wzd"), modello);
         const QString eseguibile = CopiaProgramma(prefisso.filePath("bin"));
         QProcessEnvironment ambiente = AmbienteProva(dati.path());
         ambiente.insert(QStringLiteral("XDG_DATA_HOME"), dati.path());
@@ -190,6 +211,9 @@ private Q_SLOTS:
         ApriDatabase(dati.filePath("orvix"));
         QCOMPARE(Valori("select count(*) from collezioni"), "0");
         ChiudiDatabase();
+        // The gallery reads the templates from the application folder's modelli.
+        QCOMPARE(QDir(dati.filePath("orvix/modelli")).entryList(QDir::Files), QStringList{"Vinili.wzd"});
+        QCOMPARE(Contenuto(dati.filePath("orvix/modelli/Vinili.wzd")), modello);
 
         QVERIFY(QFile::remove(archivio));
         const Esito seconda = Esegui(eseguibile, {}, ambiente);
@@ -211,6 +235,27 @@ private Q_SLOTS:
         QCOMPARE(prima.state(), QProcess::Running);
         prima.kill();
         prima.waitForFinished();
+    }
+
+    // A second start asks the running program to come to the front: its frame, minimized, is restored and
+    // active again, and the second program ends with nothing to say. The running one here is this process.
+    void aSecondStartBringsTheRunningWindowToTheFront() {
+        QTemporaryDir runtime;
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
+        Avviato a;
+        QVERIFY(PrimaIstanza(PortaDavanti));
+        a.frame->showMinimized();
+        QTRY_VERIFY(a.frame->isMinimized());
+        QTemporaryDir cartella;
+        ArchivioTemporaneo::CopiaVuoto(cartella.path());
+        QProcess seconda;
+        seconda.setProcessEnvironment(AmbienteProva(runtime.path()));
+        seconda.start(CopiaProgramma(cartella.path()), {});
+        QTRY_VERIFY_WITH_TIMEOUT(seconda.state() == QProcess::NotRunning, 20000);
+        QCOMPARE(seconda.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(seconda.exitCode(), 0);
+        QCOMPARE(seconda.readAllStandardError(), QByteArray());
+        QTRY_VERIFY(!a.frame->isMinimized() && QApplication::activeWindow() == a.frame.get());
     }
 };
 
