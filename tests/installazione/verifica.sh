@@ -23,6 +23,10 @@ for pagina in "$guida"/*.html; do
         [ -s "$guida/$collegamento" ] || { echo "$(basename "$pagina") links to a missing $collegamento"; exit 1; }
     done
 done
+# Every page F1 opens is installed.
+for pagina in $(grep -o '"[a-z]*\.html"' "$(dirname "$0")/../../src/gui/frame/paginaguida.cpp" | tr -d '"' | sort -u); do
+    [ -s "$guida/$pagina" ] || { echo "F1 opens a missing guide page: $pagina"; exit 1; }
+done
 desktop-file-validate "$prefisso/share/applications/org.example.orvix.desktop"
 # The addresses in the metainfo are not reachable from a test machine: everything else is checked.
 appstreamcli validate --no-net --pedantic "$prefisso/share/metainfo/org.example.orvix.metainfo.xml" >/dev/null

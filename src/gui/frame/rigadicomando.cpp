@@ -19,6 +19,8 @@ bool Argomento(int argc, char** argv, const char* lungo, const char* breve) {
     return false;
 }
 
+constexpr const char* OpzioniProgramma[] = {"--help", "-h", "--version", "-v"};
+
 // The options Qt itself reads from the command line, with one dash or two; the first group takes a value.
 constexpr const char* OpzioniQtConValore[] = {
     "platform",    "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry",
@@ -34,6 +36,8 @@ bool Tra(const QByteArray& nome, const auto& elenco) {
 std::optional<QString> ArgomentoSconosciuto(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         QByteArray nome(argv[i]);
+        if (Tra(nome, OpzioniProgramma))
+            continue;
         if (nome.startsWith("--"))
             nome.remove(0, 1);
         if (!nome.startsWith('-') || nome.size() < 2)
