@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 #include <QtEndian>
 #include <cmath>
@@ -82,6 +83,34 @@ QByteArray BytesMemo(MdbHandle& archivio, int inizio, int lunghezza) {
     return memo.left(totale);
 }
 
+// Rows that libmdb cannot reach (a page missing, or no longer the table's) are skipped without a
+// word; only the count the table definition keeps shows them missing.
+bool RigheIntere(MdbTableDef* tabella) {
+    if (!mdb_read_columns(tabella))
+        return false;
+    mdb_rewind_table(tabella);
+    unsigned long lette = 0;
+    while (mdb_fetch_row(tabella))
+        ++lette;
+    return lette == tabella->num_rows;
+}
+
+// The catalog table read again on its own: a file cut short loses catalog rows, which would
+// otherwise look like an archive without tables.
+bool CatalogoIntero(MdbHandle& archivio) {
+    constexpr unsigned long PaginaCatalogo = 2;
+    MdbCatalogEntry voce{};
+    voce.mdb = &archivio;
+    qstrncpy(voce.object_name, "MSysObjects", sizeof voce.object_name);
+    voce.object_type = MDB_TABLE;
+    voce.table_pg = PaginaCatalogo;
+    MdbTableDef* catalogo = mdb_read_table(&voce);
+    const bool intero = catalogo && RigheIntere(catalogo);
+    if (catalogo)
+        mdb_free_tabledef(catalogo);
+    return intero;
+}
+
 template <typename T> T Fisso(const MdbHandle& archivio, int inizio) {
     return qFromLittleEndian<T>(archivio.pg_buf + inizio);
 }
@@ -130,8 +159,15 @@ TabellaJet::~TabellaJet() {
 }
 
 bool TabellaJet::ProssimaRiga(QStringList& valori) {
-    if (!mdb_fetch_row(m_tabella))
+    if (!mdb_fetch_row(m_tabella)) {
+        if (m_lette != m_tabella->num_rows)
+            throw ErroreDatabase(
+                QStringLiteral("La tabella %1 dell'archivio è danneggiata: lette %2 righe su %3.")
+                    .arg(DaUtf8(m_tabella->name), QString::number(m_lette),
+                         QString::number(m_tabella->num_rows)));
         return false;
+    }
+    ++m_lette;
     valori.clear();
     for (int i = 0; i < m_colonne.size(); ++i)
         valori << Valore(i);
@@ -195,6 +231,10 @@ ArchivioJet::ArchivioJet(const QString& percorso, const QString& password)
     if (!mdb_read_catalog(m_archivio, MDB_TABLE)) {
         mdb_close(m_archivio);
         Errore(QStringLiteral("L'archivio è danneggiato: il suo catalogo non si legge"), percorso);
+    }
+    if (QFileInfo(percorso).size() % m_archivio->fmt->pg_size != 0 || !CatalogoIntero(*m_archivio)) {
+        mdb_close(m_archivio);
+        Errore(QStringLiteral("L'archivio è danneggiato: il file è incompleto"), percorso);
     }
 }
 
