@@ -49,8 +49,11 @@ public:
     std::unique_ptr<TabellaJet> ApriTabella(const QString& nome);
 
 private:
+    [[noreturn]] void Danneggiato(const QString& perche);
+
     QString m_percorso;
     MdbHandle* m_archivio = nullptr;
+    qint64 m_pagine = 0;
 };
 
 // A Jet date (days since 30/12/1899, the fraction the time) in the user's short date form with the
