@@ -61,13 +61,32 @@ QStringList FattiMacchina() {
     };
 }
 
-qint64 MemoriaResidenteKiB() {
+namespace {
+
+qint64 VoceStato(const QByteArray& voce) {
     QFile stato(QStringLiteral("/proc/self/status"));
     if (!stato.open(QIODevice::ReadOnly | QIODevice::Text))
         return 0;
     for (const QByteArray& riga : stato.readAll().split('\n')) {
-        if (riga.startsWith("VmRSS:"))
-            return riga.mid(6).trimmed().split(' ').value(0).toLongLong();
+        if (riga.startsWith(voce))
+            return riga.mid(voce.size()).trimmed().split(' ').value(0).toLongLong();
     }
     return 0;
+}
+
+} // namespace
+
+qint64 MemoriaResidenteKiB() {
+    return VoceStato("VmRSS:");
+}
+
+qint64 AzzeraPiccoResidente() {
+    QFile azzera(QStringLiteral("/proc/self/clear_refs"));
+    if (azzera.open(QIODevice::WriteOnly))
+        azzera.write("5");
+    return MemoriaResidenteKiB();
+}
+
+qint64 PiccoResidenteKiB() {
+    return VoceStato("VmHWM:");
 }

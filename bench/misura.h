@@ -29,6 +29,8 @@ struct Risultato {
     qint64 figuraNs = 0;
     qint64 pavimentoNs = 0;
     int ripetizioni = 0;
+    // The most resident memory any timed call of the figure added to what the process held before it.
+    qint64 piccoKiB = 0;
     double scala = 0;
     bool perRecord = false;
     double obiettivo = 3.0;

@@ -221,40 +221,39 @@ Operazione AnteprimaStampa(Banco& b) {
 }
 
 // What both imports read: a file of as many lines as the store has records, ten columns each, as a
-// ";"-separated text file and as a table of a Jet 4 archive, and the same values for the floor.
+// ";"-separated text file and as a table of a Jet 4 archive, each written a row at a time, never held.
 struct Fonti {
     QTemporaryDir cartella;
     QString testo;
     QString archivio;
     QStringList nomi;
-    QByteArrayList valori;
 };
 
-QString Pezzo(qint32 riga, int colonna) {
-    return QStringLiteral("valore %1 della colonna %2").arg(riga).arg(colonna);
+QStringList Pezzi(qint32 riga) {
+    QStringList pezzi;
+    for (int k = 0; k < 10; ++k)
+        pezzi << QStringLiteral("valore %1 della colonna %2").arg(riga).arg(k);
+    return pezzi;
 }
 
 std::shared_ptr<Fonti> CreaFonti(qint32 righe) {
     auto fonti = std::make_shared<Fonti>();
     for (int k = 0; k < 10; ++k)
         fonti->nomi << QStringLiteral("Colonna%1").arg(k);
-    TabellaProva tabella{QStringLiteral("importata"), {}, {}};
-    for (const QString& nome : std::as_const(fonti->nomi))
-        tabella.colonne.append({nome, TipoJet::Testo});
-    QByteArray testo = fonti->nomi.join(QLatin1Char(';')).toUtf8() + "\r\n";
-    for (qint32 r = 1; r <= righe; ++r) {
-        QStringList pezzi;
-        for (int k = 0; k < 10; ++k)
-            pezzi << Pezzo(r, k);
-        for (const QString& pezzo : std::as_const(pezzi))
-            fonti->valori << pezzo.toUtf8();
-        testo += pezzi.join(QLatin1Char(';')).toUtf8() + "\r\n";
-        tabella.righe.append(QVariantList(pezzi.cbegin(), pezzi.cend()));
-    }
     fonti->testo = fonti->cartella.filePath(QStringLiteral("importata.txt"));
     QFile file(fonti->testo);
-    Richiedi(file.open(QIODevice::WriteOnly) && file.write(testo) == testo.size(),
-             "the text source was not written");
+    Richiedi(file.open(QIODevice::WriteOnly), "the text source was not written");
+    file.write(fonti->nomi.join(QLatin1Char(';')).toUtf8() + "\r\n");
+    for (qint32 r = 1; r <= righe; ++r)
+        file.write(Pezzi(r).join(QLatin1Char(';')).toUtf8() + "\r\n");
+    file.close();
+    Richiedi(file.error() == QFileDevice::NoError, "the text source was not written");
+    TabellaProva tabella{QStringLiteral("importata"), {}, {}, righe, [](qint32 i) {
+                             const QStringList pezzi = Pezzi(i + 1);
+                             return QVariantList(pezzi.cbegin(), pezzi.cend());
+                         }};
+    for (const QString& nome : std::as_const(fonti->nomi))
+        tabella.colonne.append({nome, TipoJet::Testo});
     fonti->archivio = fonti->cartella.filePath(QStringLiteral("importata.dat"));
     ScriviArchivioJet4(fonti->archivio, {tabella});
     return fonti;
@@ -314,7 +313,7 @@ Operazione ImportaTesto(Banco& b, const std::shared_ptr<Fonti>& fonti) {
                                                silenzio) == EsitoImportazione::Completata,
                               "the text import did not complete");
                  },
-                 [&b, fonti] { b.pavimento.Importazione(fonti->nomi, fonti->valori); }, [] {},
+                 [&b, fonti] { b.pavimento.Importazione(fonti->nomi, fonti->testo); }, [] {},
                  [&b] { TogliImportate(b, b.record); }};
     o.obiettivo = 2.0;
     o.perRecord = true;
@@ -336,7 +335,7 @@ Operazione ImportaArchivio(Banco& b, const std::shared_ptr<Fonti>& fonti) {
                  [&b, fonti] {
                      Richiedi(LeggiConLibmdb(fonti->archivio) == b.record,
                               "libmdb read another number of rows");
-                     b.pavimento.Importazione(fonti->nomi, fonti->valori);
+                     b.pavimento.Importazione(fonti->nomi, fonti->testo);
                  },
                  [] {}, [&b] { TogliImportate(b, b.record); }};
     o.obiettivo = 3.0;

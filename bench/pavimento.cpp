@@ -196,7 +196,11 @@ void Pavimento::SvuotaCache() {
     sqlite3_db_release_memory(m_campi.Connessione());
 }
 
-qint32 Pavimento::Importazione(const QStringList& nomi, const QByteArrayList& valori) {
+qint32 Pavimento::Importazione(const QStringList& nomi, const QString& testo) {
+    QFile file(testo);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("the floor could not read the text source");
+    file.readLine();
     m_inizia.Esegui();
     m_nuovaCollezione.Lega(1, QByteArray("Pavimento")).Lega(2, m_oggi).Esegui();
     const qint64 id = sqlite3_last_insert_rowid(m_nuovaCollezione.Connessione());
@@ -205,12 +209,11 @@ qint32 Pavimento::Importazione(const QStringList& nomi, const QByteArrayList& va
         m_campo.Lega(1, id).Lega(2, nomi.at(k).toUtf8()).Lega(3, 40 * (k + 1)).Lega(4, k).Esegui();
         campi << sqlite3_last_insert_rowid(m_campo.Connessione());
     }
-    for (qsizetype i = 0; i < valori.size(); ++i)
-        m_inserisci.Lega(1, campi.at(i % campi.size()))
-            .Lega(2, valori.at(i))
-            .Lega(3, m_oggi)
-            .Lega(4, i / campi.size() + 1)
-            .Esegui();
+    for (qint32 record = 1; !file.atEnd(); ++record) {
+        const QByteArrayList valori = file.readLine().chopped(2).split(';');
+        for (qsizetype k = 0; k < campi.size(); ++k)
+            m_inserisci.Lega(1, campi.at(k)).Lega(2, valori.at(k)).Lega(3, m_oggi).Lega(4, record).Esegui();
+    }
     m_conferma.Esegui();
     return static_cast<qint32>(id);
 }

@@ -39,10 +39,11 @@ public:
     // The field rows of records 1 to n with their labels and types, each record in name order, as the
     // print layouts read them; answers the rows read.
     int Schede(qint32 n);
-    // An import's least SQL: the collection row, its field rows and every value of `valori` (row
-    // after row, one per name), each kind of row through one prepared statement, in one
-    // transaction. Answers the new collection's id.
-    qint32 Importazione(const QStringList& nomi, const QByteArrayList& valori);
+    // An import's least SQL: the collection row, its field rows and every value of the
+    // ";"-separated file `testo` (read a line at a time, the heading skipped, its bytes bound as
+    // they are), each kind of row through one prepared statement, in one transaction. Answers the
+    // new collection's id.
+    qint32 Importazione(const QStringList& nomi, const QString& testo);
     // Not a floor: removes a collection with its field and value rows.
     void TogliCollezione(qint32 id);
 

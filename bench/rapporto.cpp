@@ -67,6 +67,7 @@ QStringList Intestazione(const QList<MisureDimensione>& misure) {
     celle << QStringLiteral("figure/floor at ") + Etichetta(misure.last().record);
     if (misure.size() > 1)
         celle << Etichetta(misure.last().record) + QLatin1Char('/') + Etichetta(misure.first().record);
+    celle << QStringLiteral("peak RSS added at ") + Etichetta(misure.last().record);
     return celle;
 }
 
@@ -81,6 +82,7 @@ QStringList RigaOperazione(const QList<MisureDimensione>& misure, qsizetype i) {
     celle << FormatoRapporto(Rapporto(grande.figuraNs, grande.pavimentoNs));
     if (misure.size() > 1)
         celle << FormatoRapporto(Rapporto(grande.figuraNs, piccolo.figuraNs));
+    celle << QString::number(static_cast<double>(grande.piccoKiB) / 1024.0, 'f', 1) + QStringLiteral(" MiB");
     return celle;
 }
 
@@ -96,7 +98,9 @@ QString Ripetizioni(const MisureDimensione& m) {
 void StampaTabella(QTextStream& out, const QList<MisureDimensione>& misure) {
     out << "## Figures\n\n"
            "Medians of repeated runs (QElapsedTimer); figure and floor alternate in the same run on the "
-           "same file and connection, after one untimed warm-up each. Repetitions per operation:";
+           "same file and connection, after one untimed warm-up each. The last column is the most resident "
+           "memory one timed call of the figure added to what the process held before it (VmHWM after "
+           "/proc/self/clear_refs). Repetitions per operation:";
     for (const MisureDimensione& m : misure)
         out << ' ' << Etichetta(m.record) << ' ' << Ripetizioni(m) << ';';
     out << " fewer where an operation is slow.\n\n";

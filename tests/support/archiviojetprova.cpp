@@ -223,16 +223,24 @@ QByteArray Intestazione(const QString& password, double dataCreazione) {
     return h;
 }
 
+quint32 NumeroRighe(const TabellaProva& tabella) {
+    return static_cast<quint32>(tabella.righe.size() + tabella.generate);
+}
+
 // The rows of a table on data pages of their own; those pages.
 QList<int> Dati(Archivio& archivio, int definizione, const TabellaProva& tabella) {
     QList<int> pagine;
-    for (const QVariantList& valori : tabella.righe) {
+    const auto aggiungi = [&](const QVariantList& valori) {
         const QByteArray riga = Riga(archivio, tabella.colonne, valori);
         if (pagine.isEmpty() || !archivio.Riga(pagine.last(), riga)) {
             pagine << archivio.NuovaPagina(1, static_cast<quint32>(definizione));
             archivio.Riga(pagine.last(), riga);
         }
-    }
+    };
+    for (const QVariantList& valori : tabella.righe)
+        aggiungi(valori);
+    for (qint32 i = 0; i < tabella.generate; ++i)
+        aggiungi(tabella.riga(i));
     return pagine;
 }
 
@@ -267,7 +275,7 @@ void ScriviArchivioJet4(const QString& percorso, const QList<TabellaProva>& tabe
     archivio.Riga(1, Mappa(archivio, {}));
     for (int i = 0; i < tutte.size(); ++i) {
         const quint32 usate = archivio.Riga(mappe, Mappa(archivio, pagine.at(i)));
-        const auto righe = static_cast<quint32>(tutte.at(i).righe.size());
+        const quint32 righe = NumeroRighe(tutte.at(i));
         archivio.m_pagine[definizioni.at(i)] = Definizione(tutte.at(i).colonne, i == 0, righe, usate, vuota);
     }
     archivio.m_pagine[0] = Intestazione(password, dataCreazione);

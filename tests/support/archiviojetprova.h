@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <QVariant>
+#include <functional>
 
 // Small Jet 4 files for the tests and the benchmark, in the minimal layout mdbtools reads: a header
 // page (with an optional database password), the catalog, and per table its definition, data pages,
@@ -30,6 +31,10 @@ struct TabellaProva {
     QString nome;
     QList<ColonnaProva> colonne;
     QList<QVariantList> righe;
+    // After `righe`, `generate` more rows made one at a time as they are written, row i by riga(i),
+    // so that a large table is never held whole.
+    qint32 generate = 0;
+    std::function<QVariantList(qint32)> riga = {};
 };
 
 void ScriviArchivioJet4(const QString& percorso, const QList<TabellaProva>& tabelle,

@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 #include <QtEndian>
 #include <cmath>
@@ -82,6 +83,48 @@ QByteArray BytesMemo(MdbHandle& archivio, int inizio, int lunghezza) {
     return memo.left(totale);
 }
 
+// Rows that libmdb cannot reach (a page missing, or no longer the table's) are skipped without a
+// word; only the count the table definition keeps shows them missing.
+bool RigheIntere(MdbTableDef* tabella) {
+    if (!mdb_read_columns(tabella))
+        return false;
+    mdb_rewind_table(tabella);
+    unsigned long lette = 0;
+    while (mdb_fetch_row(tabella))
+        ++lette;
+    return lette == tabella->num_rows;
+}
+
+constexpr unsigned long PaginaCatalogo = 2;
+
+// libmdb reads a table's page maps without checking that their pages exist, and crashes on the
+// garbage it gets from a file cut short: the definition page and both maps must lie in the file.
+bool MappeNelFile(MdbHandle& archivio, unsigned long definizione, qint64 pagine) {
+    if (static_cast<qint64>(definizione) >= pagine || mdb_read_pg(&archivio, definizione) <= 0)
+        return false;
+    for (const guint16 posizione : {archivio.fmt->tab_usage_map_offset, archivio.fmt->tab_free_map_offset}) {
+        const auto pagRiga = static_cast<quint32>(mdb_get_int32(archivio.pg_buf, posizione));
+        if (static_cast<qint64>(pagRiga >> 8) >= pagine)
+            return false;
+    }
+    return true;
+}
+
+// The catalog table read again on its own: a file cut short loses catalog rows, which would
+// otherwise look like an archive without tables.
+bool CatalogoIntero(MdbHandle& archivio) {
+    MdbCatalogEntry voce{};
+    voce.mdb = &archivio;
+    qstrncpy(voce.object_name, "MSysObjects", sizeof voce.object_name);
+    voce.object_type = MDB_TABLE;
+    voce.table_pg = PaginaCatalogo;
+    MdbTableDef* catalogo = mdb_read_table(&voce);
+    const bool intero = catalogo && RigheIntere(catalogo);
+    if (catalogo)
+        mdb_free_tabledef(catalogo);
+    return intero;
+}
+
 template <typename T> T Fisso(const MdbHandle& archivio, int inizio) {
     return qFromLittleEndian<T>(archivio.pg_buf + inizio);
 }
@@ -130,8 +173,15 @@ TabellaJet::~TabellaJet() {
 }
 
 bool TabellaJet::ProssimaRiga(QStringList& valori) {
-    if (!mdb_fetch_row(m_tabella))
+    if (!mdb_fetch_row(m_tabella)) {
+        if (m_lette != m_tabella->num_rows)
+            throw ErroreDatabase(
+                QStringLiteral("La tabella %1 dell'archivio è danneggiata: lette %2 righe su %3.")
+                    .arg(DaUtf8(m_tabella->name), QString::number(m_lette),
+                         QString::number(m_tabella->num_rows)));
         return false;
+    }
+    ++m_lette;
     valori.clear();
     for (int i = 0; i < m_colonne.size(); ++i)
         valori << Valore(i);
@@ -192,10 +242,19 @@ ArchivioJet::ArchivioJet(const QString& percorso, const QString& password)
     m_archivio = mdb_open(QFile::encodeName(percorso).constData(), MDB_NOFLAGS);
     if (!m_archivio)
         Errore(QStringLiteral("Impossibile aprire l'archivio"), percorso);
-    if (!mdb_read_catalog(m_archivio, MDB_TABLE)) {
-        mdb_close(m_archivio);
-        Errore(QStringLiteral("L'archivio è danneggiato: il suo catalogo non si legge"), percorso);
-    }
+    const qint64 byte = QFileInfo(percorso).size();
+    m_pagine = byte / m_archivio->fmt->pg_size;
+    if (byte % m_archivio->fmt->pg_size != 0 || !MappeNelFile(*m_archivio, PaginaCatalogo, m_pagine))
+        Danneggiato(QStringLiteral("il file è incompleto"));
+    if (!mdb_read_catalog(m_archivio, MDB_TABLE))
+        Danneggiato(QStringLiteral("il suo catalogo non si legge"));
+    if (!CatalogoIntero(*m_archivio))
+        Danneggiato(QStringLiteral("il file è incompleto"));
+}
+
+void ArchivioJet::Danneggiato(const QString& perche) {
+    mdb_close(m_archivio);
+    Errore(QStringLiteral("L'archivio è danneggiato: ") + perche, m_percorso);
 }
 
 ArchivioJet::~ArchivioJet() {
@@ -215,7 +274,8 @@ QStringList ArchivioJet::Tabelle() const {
 
 std::unique_ptr<TabellaJet> ArchivioJet::ApriTabella(const QString& nome) {
     MdbCatalogEntry* voce = mdb_get_catalogentry_by_name(m_archivio, nome.toUtf8().constData());
-    MdbTableDef* tabella = voce ? mdb_read_table(voce) : nullptr;
+    MdbTableDef* tabella =
+        voce && MappeNelFile(*m_archivio, voce->table_pg, m_pagine) ? mdb_read_table(voce) : nullptr;
     if (!tabella)
         Errore(QStringLiteral("La tabella ") + nome + QStringLiteral(" non si apre"), m_percorso);
     if (!mdb_read_columns(tabella)) {

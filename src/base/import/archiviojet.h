@@ -22,7 +22,8 @@ public:
     TabellaJet& operator=(const TabellaJet&) = delete;
 
     const QList<ColonnaJet>& Colonne() const { return m_colonne; }
-    // The next row's values in column order; false after the last row.
+    // The next row's values in column order; false after the last row. Throws ErroreDatabase naming
+    // the table when fewer rows were read than the table holds.
     bool ProssimaRiga(QStringList& valori);
 
 private:
@@ -31,6 +32,7 @@ private:
     MdbHandle& m_archivio;
     S_MdbTableDef* m_tabella;
     QList<ColonnaJet> m_colonne;
+    unsigned long m_lette = 0;
 };
 
 // A Jet 3 or Jet 4 archive opened for reading through mdbtools' libmdb, after its header and its
@@ -47,8 +49,11 @@ public:
     std::unique_ptr<TabellaJet> ApriTabella(const QString& nome);
 
 private:
+    [[noreturn]] void Danneggiato(const QString& perche);
+
     QString m_percorso;
     MdbHandle* m_archivio = nullptr;
+    qint64 m_pagine = 0;
 };
 
 // A Jet date (days since 30/12/1899, the fraction the time) in the user's short date form with the

@@ -14,6 +14,11 @@ namespace {
 const QString InserisciValore =
     QStringLiteral("insert into valori (id_campo,valore,data_ins,data_mod,Numerorecord)");
 
+// A NUL cannot travel inside a spliced statement: the engine would read the text only up to it.
+bool Memorizzabile(const QString& testo) {
+    return !testo.contains(QChar(0));
+}
+
 } // namespace
 
 ScritturaCollezione::ScritturaCollezione(qint32 idCollezione, bool quotati, Avanzamento& avanzamento)
@@ -52,6 +57,12 @@ void ScritturaCollezione::Concludi() {
 }
 
 void ScritturaCollezione::AggiungiCampi(const QList<CampoImportato>& campi) {
+    for (qsizetype k = 0; k < campi.size(); ++k)
+        if (!Memorizzabile(campi.at(k).nome))
+            throw ErroreDatabase(
+                QStringLiteral(
+                    "Il campo %1 non può essere creato: il suo nome contiene un carattere nullo (codice 0).")
+                    .arg(k + 1));
     ApriLotto();
     Disposizione disposizione;
     Recordset rs = Database().ApriRecordset(QStringLiteral("select * from campi"));
@@ -93,6 +104,7 @@ void ScritturaCollezione::CercaIdCampi() {
 void ScritturaCollezione::AggiungiRecord(const QStringList& valori) {
     ++m_record;
     m_avanzamento.Stato(QStringLiteral("Sto inserendo il record ") + QString::number(m_record));
+    VerificaValori(valori);
     if (!m_idTrovati) {
         try {
             CercaIdCampi(); // only reads: nothing of the record is written yet
@@ -118,6 +130,19 @@ void ScritturaCollezione::AggiungiRecord(const QStringList& valori) {
     }
     if (++m_nelLotto >= DimensioneLotto)
         ChiudiLotto();
+}
+
+// A record that cannot be stored ends the import before any of it is written, naming the record and
+// the field; the whole records before it are committed.
+void ScritturaCollezione::VerificaValori(const QStringList& valori) {
+    for (qsizetype k = 0; k < m_nomi.size(); ++k) {
+        if (!Memorizzabile(valori.at(k))) {
+            ChiudiLotto();
+            throw ErroreDatabase(QStringLiteral("Il record %1 non può essere memorizzato: il campo \"%2\" "
+                                                "contiene un carattere nullo (codice 0).")
+                                     .arg(QString::number(m_record), m_nomi.at(k)));
+        }
+    }
 }
 
 // A record holding a spliced value: the whole records before it are committed first, and it stands
@@ -147,10 +172,9 @@ QString ScritturaCollezione::Giunta(qint64 idCampo, const QString& valore) const
 }
 
 // A value whose spliced literal reads back as the value itself is bound to one prepared statement;
-// any other (a quote spliced unquoted, a NUL character) runs as the spliced text, so it fails, or
-// stores, exactly as that statement does.
+// a quote spliced unquoted runs as the spliced text, so it fails exactly as that statement does.
 bool ScritturaCollezione::Legabile(const QString& valore) const {
-    return (m_quotati || !valore.contains(QLatin1Char('\''))) && !valore.contains(QChar(0));
+    return m_quotati || !valore.contains(QLatin1Char('\''));
 }
 
 void ScritturaCollezione::Lega(qint64 idCampo, const QString& valore) {

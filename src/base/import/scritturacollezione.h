@@ -35,9 +35,11 @@ public:
     ScritturaCollezione(const ScritturaCollezione&) = delete;
     ScritturaCollezione& operator=(const ScritturaCollezione&) = delete;
 
-    // The field rows, placed one after the other by the import placement rule.
+    // The field rows, placed one after the other by the import placement rule. A name holding a NUL
+    // character is refused before any row is written.
     void AggiungiCampi(const QList<CampoImportato>& campi);
-    // The next record: one value per field, in the fields' order.
+    // The next record: one value per field, in the fields' order. A value holding a NUL character
+    // ends the import with a message naming the record and the field.
     void AggiungiRecord(const QStringList& valori);
     // Commits the last batch and shows the closing status text.
     void Concludi();
@@ -46,6 +48,7 @@ private:
     void ApriLotto();
     void ChiudiLotto();
     void CercaIdCampi();
+    void VerificaValori(const QStringList& valori);
     bool Legabile(const QString& valore) const;
     void Lega(qint64 idCampo, const QString& valore);
     void RecordDaSolo(const QStringList& valori);

@@ -58,15 +58,61 @@ private:
         file.close();
         return ImportaFileTesto(file.fileName(), separatore, "Importata", "desc", *this, *this);
     }
+    // The lines a FileTesto reads from these bytes.
+    QStringList Righe(const QByteArray& byte) {
+        QFile file(m_archivio->Cartella() + "/righe.txt");
+        file.open(QIODevice::WriteOnly);
+        file.write(byte);
+        file.close();
+        FileTesto testo(file.fileName());
+        QStringList righe;
+        while (!testo.Fine())
+            righe << testo.ProssimaRiga();
+        return righe;
+    }
     qint32 Id() { return RigheSql("select id from collezioni where nome='Importata'").value(0).toInt(); }
 
 private Q_SLOTS:
-    void init() { m_archivio = std::make_unique<ArchivioTemporaneo>(); }
+    void init() {
+        m_archivio = std::make_unique<ArchivioTemporaneo>();
+        m_create.clear();
+    }
     void cleanup() { m_archivio.reset(); }
 
-    void decodifica() {
-        QCOMPARE(DecodificaTesto(QByteArray("\xEF\xBB\xBF") + "Città"), QString("Città"));
-        QCOMPARE(DecodificaTesto("caff\xE8 \x80 \x93\x9C"), QString::fromUtf8("caffè € “œ"));
+    // The encoding is decided on every byte of the file, read a block at a time: a character cut by
+    // a block's end, a byte-order mark, a Windows-1252 byte far into the file or at its very end.
+    void codifica() {
+        const QByteArray pieno(FileTesto::Blocco - 4, 'a');
+        QCOMPARE(Righe("\xEF\xBB\xBF" + pieno + "\xC3\xA8\n\xE2\x82\xAC"),
+                 QStringList({QString::fromLatin1(pieno) + QString::fromUtf8("è"), QString::fromUtf8("€")}));
+        QCOMPARE(Righe(pieno + "\n" + pieno + "caff\xE8 \x80 \x93\x9C"),
+                 QStringList({QString::fromLatin1(pieno),
+                              QString::fromLatin1(pieno) + QString::fromUtf8("caffè € “œ")}));
+        QCOMPARE(Righe("\xEF\xBB\xBF"
+                       "Citt\xC3\xA0\n\xC3"),
+                 QStringList({QString::fromUtf8("ï»¿CittÃ") + QChar(0xA0), QString::fromUtf8("Ã")}));
+    }
+
+    // LF, CR LF and a lone CR each end a line, also when a block ends between the CR and the LF.
+    void fine_riga() {
+        const QByteArray pieno(FileTesto::Blocco - 2, 'b');
+        QCOMPARE(Righe("uno\rdue\r\ntre\n\rcinque\r"), QStringList({"uno", "due", "tre", "", "cinque"}));
+        QCOMPARE(Righe("x" + pieno + "\r\nfine"), QStringList({"x" + QString::fromLatin1(pieno), "fine"}));
+        QCOMPARE(Righe(""), QStringList());
+    }
+
+    // Eleven fields fill the first column, from the twelfth on the second.
+    void disposizione() {
+        QStringList nomi;
+        for (int k = 1; k <= 13; ++k)
+            nomi << "c" + QString::number(k);
+        Importa(nomi.join(';').toUtf8() + "\n");
+        QStringList attese;
+        for (int k = 1; k <= 11; ++k)
+            attese << QString("c%1|30|%2").arg(k).arg(40 * k);
+        attese << "c12|250|40"
+               << "c13|250|80";
+        QCOMPARE(RigheSql("select nome,left,top from campi order by tabindex"), attese);
     }
 
     void solo_intestazione() {
@@ -78,10 +124,34 @@ private Q_SLOTS:
         QCOMPARE(Importa("a;b\n"), EsitoImportazione::CollezioneNonCreata); // the name is taken
     }
 
-    // LF or CR LF ends a line, a lone CR does not; empty and short lines are skipped, long ones cut.
+    // Empty and short lines are skipped, long ones cut; no field name keeps a CR.
     void righe_corte_e_vuote() {
-        Importa("a,b,c\r\n1,2,3\n\r\nsolo,due\r\n4,5,6,7\r\n8,\rx,\r\n", ",");
-        QCOMPARE(RecordCollezione(Id()), QStringList({"1|2|3", "4|5|6", "8|\rx|"}));
+        Importa("a,b,c\r1,2,3\n\r\nsolo,due\r\n4,5,6,7\r\n8,\rx,\r\n9,,\r10,11,12", ",");
+        QCOMPARE(RigheSql("select nome from campi"), QStringList({"a", "b", "c"}));
+        QCOMPARE(RecordCollezione(Id()), QStringList({"1|2|3", "4|5|6", "9||", "10|11|12"}));
+    }
+
+    // A NUL character cannot be stored: the message names the record and the field, or the field
+    // whose name holds it; the records before it stay.
+    void carattere_nullo() {
+        const auto errore = [this](const QByteArray& testo) -> QString {
+            try {
+                Importa(testo);
+            } catch (const ErroreDatabase& e) {
+                return e.messaggio();
+            }
+            return {};
+        };
+        QCOMPARE(errore(QByteArray("a;b;c\n1;2;3\n4;5\n6;x\0y;z\n7;8;9\n", 30)),
+                 QString("Il record 2 non può essere memorizzato: il campo \"b\" contiene un carattere nullo "
+                         "(codice 0)."));
+        QCOMPARE(RecordCollezione(Id()), QStringList{"1|2|3"});
+        cleanup();
+        init();
+        QCOMPARE(
+            errore(QByteArray("a;b\0;c\n1;2;3\n", 13)),
+            QString("Il campo 2 non può essere creato: il suo nome contiene un carattere nullo (codice 0)."));
+        QCOMPARE(RigheSql("select count(*) from campi"), QStringList{"0"});
     }
 
     // The engine's error; whole records before the failing one stay, it leaves nothing.

@@ -10,6 +10,7 @@
 #include "routinesql.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QDialog>
 #include <QFile>
 #include <QListWidget>
@@ -179,6 +180,49 @@ private Q_SLOTS:
         QCOMPARE(RecordCollezione(id),
                  QStringList(
                      {"L'ultimo|2|7|1|/img/a.jpg|C'era una volta|23/10/1987|12,5", "Secondo|0|3|0||||1987"}));
+    }
+
+    // A failure ends the whole import with its message: rows libmdb skipped name the table and the rows
+    // read, a NUL names the record and the field; the records already written stay.
+    void archivio_con_errori() {
+        TabellaProva film{"film", {{"Titolo"}}, {}},
+            nullo{"nullo", {{"Anno", TipoJet::Lungo}, {"Titolo"}}, {}};
+        for (int i = 1; i <= 600; ++i)
+            film.righe << QVariantList{QVariant("riga " + QString::number(i))};
+        nullo.righe << QVariantList{1, QString("uno")}
+                    << QVariantList{2, QString(QString("d") + QChar(0) + "ue")}
+                    << QVariantList{3, QString("tre")};
+        const QString file = File("archivio.dat");
+        ScriviArchivioJet4(file, {film, nullo});
+        QFile danneggiato(file);
+        danneggiato.open(QIODevice::ReadWrite);
+        danneggiato.seek(5 * 4096 + 4); // the second data page of "film" now names another owner
+        danneggiato.write("\x7F");
+        danneggiato.close();
+        const auto importa = [&](const std::function<void(QDialog&)>& scelta) -> QString {
+            InterazioneScriptata script;
+            script.Modale(Scegli("OptAir")).File(file).Digita("").Modale(scelta).Rispondi(Risposta::Ok);
+            const QString errori = Importa(script).join(',');
+            return errori + Descrivi(script.Richieste().last().messaggio);
+        };
+        const QString messaggio = importa(Scegli("OptTutte"));
+        const QRegularExpressionMatch letti =
+            QRegularExpression("^La tabella film dell'archivio è danneggiata: lette (\\d+) righe su 600\\. "
+                               "\\| Orvix \\| 11$")
+                .match(messaggio);
+        QVERIFY2(letti.hasMatch(), qPrintable(messaggio));
+        QVERIFY(letti.captured(1).toInt() < 600);
+        QCOMPARE(RecordCollezione(Id("film")).size(), letti.captured(1).toInt());
+        QVERIFY(Stato() != "Inserimento Completato.");
+        QCOMPARE(RigheSql("select nome from collezioni"), QStringList{"film"}); // "nullo" is never reached
+        QCOMPARE(
+            importa([](QDialog& d) {
+                d.findChild<QComboBox*>("cmbTabelle")->setCurrentText("nullo");
+                d.findChild<QPushButton*>("OKButton")->click();
+            }),
+            QString("Il record 2 non può essere memorizzato: il campo \"Titolo\" contiene un carattere nullo "
+                    "(codice 0). | Orvix | 11"));
+        QCOMPARE(RecordCollezione(Id("nullo")), QStringList{"1|uno"});
     }
 
     void archivio_tutte() {
