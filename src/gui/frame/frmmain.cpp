@@ -1,6 +1,8 @@
 #include "frmmain.h"
 
+#include "apertoreelenco.h"
 #include "apertorericerca.h"
+#include "aprielenco.h"
 #include "apriricerca.h"
 #include "archivio.h"
 #include "comandibackup.h"
@@ -70,6 +72,7 @@ frmMAIN::frmMAIN(QWidget* parent)
     new TastiProgramma(*this);
     // The record window's "Trova..." reaches the search window through this hook.
     ImpostaApertoreRicerca(ApriRicerca);
+    ImpostaApertoreElenco(ApriElenco);
     ImpostaRipristinatore([this](const QString& backup) {
         // Queued: the restore unloads the window whose menu asked for it.
         QTimer::singleShot(0, this, [this, backup] { EseguiProtetto([&] { Ripristina(*this, backup); }); });

@@ -56,6 +56,10 @@ void CalcolaFormule(FinestraControlli& finestra, qint32 idCollezione, qint32 n) 
 }
 
 QString RisolviFormula(FinestraControlli&, const QString& formula, qint32 idCollezione, qint32 n) {
+    return RisolviFormula(formula, idCollezione, n);
+}
+
+QString RisolviFormula(const QString& formula, qint32 idCollezione, qint32 n) {
     QString espressione = formula;
     const QStringList parole = formula.split(QLatin1Char(' '));
     for (const QString& pezzo : parole) {

@@ -22,3 +22,5 @@ void CalcolaFormule(FinestraControlli& finestra, qint32 idCollezione, qint32 n);
 // The formula with the field names replaced by their values of record n, computed; or the
 // text that says why it could not be.
 QString RisolviFormula(FinestraControlli& finestra, const QString& formula, qint32 idCollezione, qint32 n);
+// The same, for a record that no window shows (the list of records).
+QString RisolviFormula(const QString& formula, qint32 idCollezione, qint32 n);

@@ -1,7 +1,9 @@
 #include "frmrecord.h"
 
+#include "apertoreelenco.h"
 #include "apertorericerca.h"
 #include "aspettorecord.h"
+#include "avvisirecord.h"
 #include "confine.h"
 #include "iconebarra.h"
 #include "immagine.h"
@@ -85,10 +87,13 @@ void frmRecord::CreaMenu() {
     mnuFile = new QMenu(QStringLiteral("File"), this);
     mnuFile->setObjectName(QStringLiteral("mnuFile"));
     mnuTrova = Voce(mnuFile, "mnuTrova", QStringLiteral("Trova..."));
+    mnuElenco = Voce(mnuFile, "mnuElenco", QStringLiteral("Elenco Record..."));
+    mnuElenco->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     mnuClipBoard = Voce(mnuFile, "mnuClipBoard", QStringLiteral("Copia negli Appunti"));
     mnuStampa = Voce(mnuFile, "mnuStampa", QStringLiteral("Stampa"));
     mnuEsci = Voce(mnuFile, "mnuEsci", QStringLiteral("Esci"));
     connect(mnuTrova, &QAction::triggered, this, Protetto([this] { mnuTrova_Click(); }));
+    connect(mnuElenco, &QAction::triggered, this, Protetto([this] { mnuElenco_Click(); }));
     connect(mnuClipBoard, &QAction::triggered, this, Protetto([this] { mnuClipBoard_Click(); }));
     connect(mnuStampa, &QAction::triggered, this, Protetto([this] { mnuStampa_Click(); }));
     connect(mnuEsci, &QAction::triggered, this, Protetto([this] { mnuEsci_Click(); }));
@@ -124,6 +129,10 @@ void frmRecord::CreaMenuOpzioni() {
 
 void frmRecord::mnuTrova_Click() {
     ApriRicercaSu(CurrTabella);
+}
+
+void frmRecord::mnuElenco_Click() {
+    ApriElencoSu(CurrTabella);
 }
 
 void frmRecord::mnuClipBoard_Click() {
@@ -309,10 +318,15 @@ void frmRecord::Conferma() {
     }
     if (!salvato)
         return;
+    const bool modificato = ModificaRecord;
     NuovoRecord = false;
     ModificaRecord = false;
     ImpostaStatoControlli();
     ImpostaStatoBottoni();
+    if (modificato)
+        Q_EMIT AvvisiRecord::Istanza().Modificato(CurrTabella, RecordCorrente);
+    else
+        Q_EMIT AvvisiRecord::Istanza().Inserito(CurrTabella, ContaRecord(CurrTabella));
 }
 
 // The controls keep what they show.
@@ -341,6 +355,7 @@ void frmRecord::Elimina() {
                Icona::Domanda, QStringLiteral("Attenzione"), 2) != Risposta::Si)
         return;
     EliminaRecord(CurrTabella, RecordCorrente);
+    Q_EMIT AvvisiRecord::Istanza().Eliminato(CurrTabella, RecordCorrente);
     CaricaRecord(*this, RecordCorrente, CurrTabella);
 }
 

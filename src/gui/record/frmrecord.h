@@ -27,6 +27,7 @@ public:
     QToolBar* Toolbar1;
     QMenu* mnuFile;
     QAction* mnuTrova;
+    QAction* mnuElenco;
     QAction* mnuClipBoard;
     QAction* mnuStampa;
     QAction* mnuEsci;
@@ -42,6 +43,7 @@ public:
 
     void Toolbar1_ButtonClick(const QString& chiave);
     void mnuTrova_Click();
+    void mnuElenco_Click();
     void mnuClipBoard_Click();
     void mnuStampa_Click();
     void mnuEsci_Click();

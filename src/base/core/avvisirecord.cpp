@@ -1,0 +1,6 @@
+#include "avvisirecord.h"
+
+AvvisiRecord& AvvisiRecord::Istanza() {
+    static AvvisiRecord avvisi;
+    return avvisi;
+}
