@@ -5,26 +5,32 @@
 #include "archiviojetprova.h"
 #include "avanzamento.h"
 #include "casellafigura.h"
+#include "colonneelenco.h"
 #include "comandostampa.h"
 #include "costruisciform.h"
 #include "esportatesto.h"
 #include "frmanteprima.h"
+#include "frmelenco.h"
 #include "frmfind.h"
 #include "frmpreview.h"
 #include "frmrecord.h"
 #include "importaarchivio.h"
 #include "importatesto.h"
 #include "mappacampi.h"
+#include "modelloelenco.h"
 #include "navigazione.h"
 #include "pavimento.h"
 #include "risultatiricerca.h"
 #include "routinesql.h"
+#include "vistaelenco.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <cmath>
@@ -151,6 +157,116 @@ Operazione Ricerca(Banco& b, const QString& nome, const QString& testo, bool esa
                      b.ricerca.Esatta->setChecked(esatta);
                  }};
     o.obiettivo = obiettivo;
+    return o;
+}
+
+// The list of records, about this many rows high: one screen.
+constexpr int RigheSchermo = 30;
+
+std::unique_ptr<frmElenco> NuovoElenco(const Banco& b) {
+    auto elenco = std::make_unique<frmElenco>(b.collezione.id);
+    elenco->setAttribute(Qt::WA_DeleteOnClose, false);
+    const QHeaderView* intestazione = elenco->lvElenco->header();
+    elenco->resize(900, intestazione->sizeHint().height() +
+                            (RigheSchermo + 3) * elenco->lvElenco->fontMetrics().height() +
+                            elenco->txtFiltro->sizeHint().height() + elenco->lblStato->sizeHint().height() +
+                            24);
+    elenco->show();
+    return elenco;
+}
+
+// Drawn at once, so that the rows on screen are read from the store now.
+void Disegna(frmElenco& elenco) {
+    elenco.lvElenco->viewport()->update();
+    QCoreApplication::processEvents();
+}
+
+Operazione AperturaElenco(Banco& b) {
+    Operazione o{QStringLiteral("list of records: open, first screen drawn (frmElenco)"),
+                 [&b] {
+                     const std::unique_ptr<frmElenco> elenco = NuovoElenco(b);
+                     Disegna(*elenco);
+                     Richiedi(elenco->Modello().rowCount() == b.record,
+                              "the list counted another number of records");
+                 },
+                 [&b] {
+                     b.pavimento.Massimo();
+                     b.pavimento.Schermata(1, RigheSchermo);
+                 }};
+    o.scala = 2.0;
+    o.obiettivo = 0; // the window's own making dominates, as in the print preview
+    return o;
+}
+
+// A fresh list each time, so that the rows scrolled to have never been read by it.
+Operazione ScorrimentoElenco(Banco& b) {
+    auto elenco = std::make_shared<std::unique_ptr<frmElenco>>();
+    auto riga = std::make_shared<int>();
+    Operazione o{QStringLiteral("list of records: one screen of scrolling, to rows not shown before"),
+                 [elenco, riga] {
+                     VistaElenco& vista = *(*elenco)->lvElenco;
+                     vista.scrollTo(vista.model()->index(*riga, 0), QAbstractItemView::PositionAtTop);
+                     Disegna(**elenco);
+                     Richiedi(vista.indexAt(QPoint(2, 2)).row() == *riga, "the list did not scroll");
+                 },
+                 [&b, riga] { b.pavimento.Schermata(*riga + 1, RigheSchermo); },
+                 [&b, elenco, riga] {
+                     *elenco = NuovoElenco(b);
+                     Disegna(**elenco);
+                     *riga = qMax(0, RecordNonCaricato(b) - RigheSchermo);
+                 },
+                 [elenco] { elenco->reset(); }};
+    o.obiettivo = 0; // drawing the window dominates; the target is a frame's time, under 16 ms
+    return o;
+}
+
+Operazione OrdinamentoElenco(Banco& b) {
+    auto elenco = std::make_shared<std::unique_ptr<frmElenco>>();
+    const qint32 titoli = b.collezione.idCampi.at(0);
+    return {QStringLiteral("list of records: sort by the titles (text)"),
+            [&b, elenco, titoli] {
+                ModelloElenco& modello = (*elenco)->Modello();
+                modello.Ordina(modello.ColonnaDelCampo(titoli), Qt::AscendingOrder);
+                Richiedi(modello.rowCount() == b.record, "the sorted list lost records");
+            },
+            [&b, titoli] {
+                Richiedi(b.pavimento.OrdinaTesto(titoli) == b.record, "the floor's sort lost records");
+            },
+            [&b, elenco] {
+                if (!*elenco)
+                    *elenco = NuovoElenco(b);
+                (*elenco)->Modello().Ordina(0, Qt::AscendingOrder);
+            }};
+}
+
+// Every step of the filter runs as the event loop would run it; the floor is the same search in
+// one statement over the same fields.
+Operazione FiltroElencoBench(Banco& b) {
+    auto elenco = std::make_shared<std::unique_ptr<frmElenco>>();
+    auto trovati = std::make_shared<int>(-1);
+    const QString testo = QStringLiteral("libro 4");
+    QList<qint32> campi;
+    for (const ColonnaElenco& colonna : ColonneElenco(b.collezione.id))
+        if (colonna.formula.isEmpty() &&
+            (colonna.tipo == QLatin1String("textbox") || colonna.tipo == QLatin1String("memo") ||
+             colonna.tipo == QLatin1String("slider")))
+            campi.append(colonna.id);
+    Operazione o{QStringLiteral("list of records: filter \"libro 4\" (floor: LIKE over the same fields)"),
+                 [elenco, trovati, testo] {
+                     ModelloElenco& modello = (*elenco)->Modello();
+                     modello.Filtra(testo);
+                     while (modello.FiltroInCorso())
+                         QCoreApplication::processEvents();
+                     Richiedi(*trovati < 0 || modello.rowCount() == *trovati,
+                              "the filter kept another number of records than the floor found");
+                 },
+                 [&b, trovati, campi, testo] { *trovati = b.pavimento.CercaOvunque(campi, testo); },
+                 [&b, elenco] {
+                     if (!*elenco)
+                         *elenco = NuovoElenco(b);
+                     (*elenco)->Modello().Filtra(QString());
+                 }};
+    o.obiettivo = 1.5;
     return o;
 }
 
@@ -380,6 +496,7 @@ QList<Operazione> Operazioni(Banco& b) {
             Ricerca(b, QStringLiteral("search, whole value (one record)"),
                     DefinizioniCampi().at(0).valore(b.record / 4), true, 1.5),
             Ricerca(b, QStringLiteral("search matching every record"), QStringLiteral("Titolo"), false, 3.0),
+            AperturaElenco(b), ScorrimentoElenco(b), OrdinamentoElenco(b), FiltroElencoBench(b),
             Disposizione(b), Esportazione(b), AnteprimaStampa(b), ImportaTesto(b, fonti),
             ImportaArchivio(b, fonti), LetturaLibmdb(b, fonti)};
 }

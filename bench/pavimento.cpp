@@ -228,3 +228,52 @@ void Pavimento::TogliCollezione(qint32 id) {
     Istruzione(QStringLiteral("delete from collezioni where id=?1")).Lega(1, id).Esegui();
     m_conferma.Esegui();
 }
+
+namespace {
+
+QString Elenco(const QList<qint32>& campi) {
+    QStringList id;
+    for (const qint32 campo : campi)
+        id.append(QString::number(campo));
+    return id.join(QLatin1Char(','));
+}
+
+} // namespace
+
+int Pavimento::Schermata(qint32 primo, qint32 righe) {
+    Istruzione& valori =
+        Ricerca(QStringLiteral("select numerorecord,id_campo,valore from valori where id_campo in (") +
+                Elenco(m_collezione.idCampi) + QStringLiteral(") and numerorecord between ?1 and ?2"));
+    valori.Lega(1, primo).Lega(2, primo + righe - 1);
+    int letti = 0;
+    for (; valori.Riga(); ++letti) {
+        valori.Intero(0);
+        valori.Intero(1);
+        valori.LunghezzaTesto(2);
+    }
+    valori.Azzera();
+    return letti;
+}
+
+int Pavimento::OrdinaTesto(qint32 idCampo) {
+    Istruzione& ordine = Ricerca(QStringLiteral(
+        "select numerorecord from valori where id_campo=?1 order by valore collate nocase,numerorecord"));
+    ordine.Lega(1, idCampo);
+    int letti = 0;
+    for (; ordine.Riga(); ++letti)
+        ordine.Intero(0);
+    ordine.Azzera();
+    return letti;
+}
+
+int Pavimento::CercaOvunque(const QList<qint32>& campi, const QString& testo) {
+    Istruzione& trovati =
+        Ricerca(QStringLiteral("select distinct numerorecord from valori where id_campo in (") +
+                Elenco(campi) + QStringLiteral(") and valore like ?1 escape '\\'"));
+    trovati.Lega(1, (QStringLiteral("%") + testo + QStringLiteral("%")).toUtf8());
+    int letti = 0;
+    for (; trovati.Riga(); ++letti)
+        trovati.Intero(0);
+    trovati.Azzera();
+    return letti;
+}

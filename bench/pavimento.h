@@ -44,6 +44,13 @@ public:
     // they are), each kind of row through one prepared statement, in one transaction. Answers the
     // new collection's id.
     qint32 Importazione(const QStringList& nomi, const QString& testo);
+    // The value rows of records primo to primo + righe - 1, every field: what one screen of the list
+    // of records shows; answers the values read.
+    int Schermata(qint32 primo, qint32 righe);
+    // The record numbers of a field ordered by its text as the store compares it; answers them counted.
+    int OrdinaTesto(qint32 idCampo);
+    // The record numbers whose value in any of the fields contains the text, wildcards escaped.
+    int CercaOvunque(const QList<qint32>& campi, const QString& testo);
     // Not a floor: removes a collection with its field and value rows.
     void TogliCollezione(qint32 id);
 

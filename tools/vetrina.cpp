@@ -1,5 +1,6 @@
 // Grabs the program's windows, on a demonstration collection, into PNG files for a person to look at.
 // Usage: vetrina OUTPUT_FOLDER   (QT_QPA_PLATFORM=offscreen works)
+#include "aprielenco.h"
 #include "aprirecord.h"
 #include "apriricerca.h"
 #include "archivio.h"
@@ -10,6 +11,7 @@
 #include "formatomodello.h"
 #include "frmabout.h"
 #include "frmanteprima.h"
+#include "frmelenco.h"
 #include "frmfind.h"
 #include "frmmain.h"
 #include "frmmodelli.h"
@@ -21,7 +23,9 @@
 #include "grigliaproprieta.h"
 #include "iconaprogramma.h"
 #include "listecontrolli.h"
+#include "modelloelenco.h"
 #include "routinesql.h"
+#include "vistaelenco.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -77,12 +81,20 @@ void Riempi(qint32 collezione) {
             rs.Imposta(QLatin1String(colonna), valore);
         rs.Salva();
     }
-    const char* const dischi[2][10] = {
+}
+
+// Records first to last of the demonstration discs.
+void AggiungiDischi(qint32 collezione, int primo, int ultimo) {
+    const char* const dischi[6][10] = {
         {"Notte di luna", "Quartetto Aurora", "1", "0", "9", "1", "18,50", "", "Prima stampa italiana.", ""},
         {"Strade bianche", "I Girasoli", "0", "1", "8", "0", "22", "", "", ""},
+        {"Èra glaciale", "Coro Nevoso", "2", "1", "7", "0", "15", "", "", "/home/anna/copertine/era.jpg"},
+        {"Aria di città", "I Girasoli", "3", "0", "6", "1", "12,90", "", "Con autografo.", ""},
+        {"Blu cobalto", "Quartetto Aurora", "1", "2", "10", "0", "30", "", "", ""},
+        {"Fine estate", "Marta Valli", "0", "0", "5", "1", "9,99", "", "", ""},
     };
     const QList<VoceElenco> campi = ElencoCampi(collezione);
-    for (int r = 0; r < 2; ++r)
+    for (int r = primo - 1; r < ultimo; ++r)
         for (int i = 0; i < campi.size(); ++i)
             Database().Esegui(
                 QStringLiteral("insert into valori (id_campo,valore,numerorecord,data_ins,data_mod) "
@@ -127,7 +139,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     const ArchivioTemporaneo archivio;
-    Riempi(CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("I miei vinili")));
+    const qint32 dischi = CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("I miei vinili"));
+    Riempi(dischi);
+    AggiungiDischi(dischi, 1, 2);
     CreaCollezione(QStringLiteral("Francobolli"), QString());
 
     frmMAIN frame;
@@ -215,5 +229,16 @@ int main(int argc, char** argv) {
     frmAbout informazioni(&frame);
     informazioni.show();
     Salva(informazioni, uscita, "about.png");
+    informazioni.hide();
+
+    // The list of records, last: the other pictures show the first two discs only.
+    AggiungiDischi(dischi, 3, 6);
+    ApriRecord(dischi, 1);
+    FinestraRecord().mnuElenco->trigger();
+    frmElenco& elenco = *FinestraElenco(dischi);
+    elenco.parentWidget()->resize(900, 300);
+    elenco.Intestazione_Click(1);
+    elenco.lvElenco->setCurrentIndex(elenco.Modello().index(2, 0));
+    Salva(elenco, uscita, "elenco.png");
     return Fallite == 0 ? 0 : 1;
 }

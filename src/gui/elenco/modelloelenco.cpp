@@ -17,6 +17,11 @@ namespace {
 // The cells kept in memory: a few screens above and below the one shown.
 constexpr qsizetype MassimoRecordLetti = 64 * Pagina;
 
+// The view asks for cells while it draws: a failure is shown once it has finished.
+void MostraDopo(const QString& messaggio) {
+    QTimer::singleShot(0, [messaggio] { MsgBox(messaggio); });
+}
+
 // Record n is gone and every later one is one lower.
 void Rinumera(QList<qint32>& numeri, qint32 numero) {
     numeri.removeAll(numero);
@@ -226,7 +231,7 @@ QVariant ModelloElenco::data(const QModelIndex& indice, int ruolo) const {
     const int colonna = indice.column();
     if (ruolo == Qt::DisplayRole)
         return colonna == 0 ? QVariant(NumeroRecord(indice.row()))
-                            : QVariant(Testi(indice.row()).value(colonna - 1));
+                            : QVariant(Cella(indice.row(), colonna - 1));
     if (ruolo == Qt::TextAlignmentRole) {
         if (colonna == 0)
             return QVariant(Qt::AlignRight | Qt::AlignVCenter);
@@ -243,17 +248,28 @@ QVariant ModelloElenco::headerData(int sezione, Qt::Orientation orientamento, in
     return sezione == 0 ? QStringLiteral("Record") : m_colonne.at(sezione - 1).intestazione;
 }
 
-const QStringList& ModelloElenco::Testi(int riga) const {
+// A formula is computed the first time its cell is drawn; until then its place holds a null text.
+QString ModelloElenco::Cella(int riga, int campo) const {
     const qint32 numero = NumeroRecord(riga);
-    auto trovati = m_testi.constFind(numero);
-    if (trovati == m_testi.constEnd()) {
+    auto trovati = m_testi.find(numero);
+    if (trovati == m_testi.end()) {
         CaricaPagina(riga);
-        trovati = m_testi.constFind(numero);
+        trovati = m_testi.find(numero);
     }
-    return *trovati;
+    QString& cella = (*trovati)[campo];
+    const QString& formula = m_colonne.at(campo).formula;
+    if (!formula.isEmpty() && cella.isNull()) {
+        try {
+            cella = RisolviFormula(formula, m_idCollezione, numero);
+        } catch (const ErroreDatabase& errore) {
+            cella = QStringLiteral("");
+            MostraDopo(errore.messaggio());
+        }
+    }
+    return cella;
 }
 
-// A failure reading the store leaves the rows empty and is shown once the view has finished drawing.
+// A failure reading the store leaves the rows empty.
 void ModelloElenco::CaricaPagina(int riga) const {
     if (m_testi.size() > MassimoRecordLetti)
         m_testi.clear();
@@ -268,14 +284,13 @@ void ModelloElenco::CaricaPagina(int riga) const {
             const QHash<qint32, QString> record = valori.value(numero);
             QStringList celle;
             for (const ColonnaElenco& colonna : m_colonne)
-                celle.append(colonna.formula.isEmpty()
-                                 ? TestoCella(colonna, record.value(colonna.id))
-                                 : RisolviFormula(colonna.formula, m_idCollezione, numero));
+                celle.append(colonna.formula.isEmpty() ? TestoCella(colonna, record.value(colonna.id))
+                                                       : QString());
             m_testi.insert(numero, celle);
         }
     } catch (const ErroreDatabase& errore) {
         for (const qint32 numero : std::as_const(numeri))
-            m_testi.insert(numero, QStringList(m_colonne.size()));
-        QTimer::singleShot(0, [messaggio = errore.messaggio()] { MsgBox(messaggio); });
+            m_testi.insert(numero, QStringList(m_colonne.size(), QStringLiteral("")));
+        MostraDopo(errore.messaggio());
     }
 }

@@ -63,7 +63,7 @@ private:
     void SeguiModifica(qint32 idCollezione, qint32 numero);
     void SeguiEliminazione(qint32 idCollezione, qint32 numero);
     void Ricalcola();
-    const QStringList& Testi(int riga) const;
+    QString Cella(int riga, int campo) const;
     void CaricaPagina(int riga) const;
 
     qint32 m_idCollezione;

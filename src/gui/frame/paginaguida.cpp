@@ -19,6 +19,7 @@ const QHash<QString, QString>& PaginePerFinestra() {
         {QStringLiteral("frmRecord"), QStringLiteral("record.html")},
         {QStringLiteral("ContenitoreAnteprima"), QStringLiteral("disegno.html")},
         {QStringLiteral("frmFind"), QStringLiteral("ricerca.html")},
+        {QStringLiteral("frmElenco"), QStringLiteral("elenco.html")},
         {QStringLiteral("frmPreview"), QStringLiteral("ricerca.html")},
         {QStringLiteral("frmModelli"), QStringLiteral("modelli.html")},
         {QStringLiteral("frmTipoFileDaImportare"), QStringLiteral("modelli.html")},
