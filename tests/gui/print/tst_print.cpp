@@ -92,22 +92,30 @@ private Q_SLOTS:
         VERIFICA_SCRIPT(script);
     }
 
-    // Only what can be seen is drawn; scrolled down, the box grows and the records below are drawn.
+    // Only what can be seen is drawn; moved anywhere, by the bar, a page or Ctrl+End, the preview
+    // draws from that record on and nothing before it.
     void soloCioCheSiVede() {
         Dischi(300);
         frmPreview f;
         f.IdCollezione = m_id;
         f.Ridisegna();
         f.show();
-        const int visti = static_cast<int>(Disegnati(*f.Pic1).count("Titolo:"));
+        QVERIFY(QTest::qWaitForWindowActive(&f));
+        const QStringList primi = Disegnati(*f.Pic1);
+        const auto visti = primi.count("Titolo:");
         QVERIFY2(visti > 2 && visti < 20, qPrintable(QString::number(visti)));
-        const int alta = f.Pic1->height();
-        QScrollBar* barra = f.Scorrimento->verticalScrollBar();
-        QTRY_VERIFY(barra->maximum() > 0);
-        barra->setValue(barra->maximum());
-        QCOMPARE(f.Pic1->height(), 2 * alta);
-        const QStringList poi = Disegnati(*f.Pic1);
-        QVERIFY(poi.count("Titolo:") > visti && !poi.contains("Record 300di 300"));
+        QCOMPARE(primi.first(), "Record 1di 300");
+        QCOMPARE(f.Sfoglia->maximum(), 299);
+        f.Sfoglia->setValue(149);
+        QCOMPARE(Disegnati(*f.Pic1).first(), "Record 150di 300");
+        QCOMPARE(Disegnati(*f.Pic1).count("Titolo:"), visti);
+        f.Sfoglia->triggerAction(QAbstractSlider::SliderPageStepAdd);
+        QCOMPARE(Disegnati(*f.Pic1).first(), QStringLiteral("Record %1di 300").arg(150 + visti - 1));
+        QTest::keyClick(&f, Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(Disegnati(*f.Pic1),
+                 QStringList({"Record 300di 300", "Copertina:", "Titolo:", "Disco 300", "0"}));
+        f.Tabulare->click();
+        QCOMPARE(Disegnati(*f.Pic1), QStringList({"Disco 300", "0"}));
     }
 
     // A picture failure is told and leaves no half document; then a PDF page per record, no blank page.
