@@ -127,6 +127,12 @@ private Q_SLOTS:
         for (int i = 0; i < valori.size(); ++i)
             tutti << valori.at(i) + ":" + QString::number(i + 1);
         Caso("Testo", "*", false, tutti);
+        const QString oggi = QLocale().toString(QDate::currentDate(), QLocale::ShortFormat);
+        for (const int riga : {0, 4, 7}) {
+            QCOMPARE(F().Risultati().index(riga, 2).data().toString(), oggi);
+            QCOMPARE(F().Risultati().index(riga, 3).data().toString(), oggi);
+        }
+        QCOMPARE(F().Risultati().NumeroRecord(4), 5);
         Caso("Testo", "a_b", true, {"a_b:1"});
     }
 };
