@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int LunghezzaChiave = 12;
+constexpr int LunghezzaChiave = 40;
 
 } // namespace
 
