@@ -32,8 +32,10 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <cmath>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -336,6 +338,35 @@ Operazione AnteprimaStampa(Banco& b) {
     return o;
 }
 
+// The open preview moved one screen on from `partenza` records (a page of Sfoglia), or to the last
+// record: what it draws there and paints. The floor reads the records that screen shows.
+Operazione ScorriAnteprima(Banco& b, const QString& nome, std::function<qint32()> partenza,
+                           QAbstractSlider::SliderAction azione) {
+    auto anteprima = std::make_shared<frmPreview>();
+    anteprima->IdCollezione = b.collezione.id;
+    anteprima->show();
+    const double riga = anteprima->Pic1->AltezzaRiga();
+    const auto schede = static_cast<qint32>(std::ceil(anteprima->Pic1->Area().height() / (12 * riga)));
+    Operazione o{nome,
+                 [anteprima, azione] {
+                     anteprima->Sfoglia->triggerAction(azione);
+                     anteprima->repaint();
+                 },
+                 [&b, anteprima, schede] {
+                     Richiedi(b.pavimento.Massimo() == b.record, "the floor miscounted");
+                     const qint32 primo = std::min(anteprima->Sfoglia->value() + 1, b.record);
+                     const qint32 n = std::min(schede, b.record - primo + 1);
+                     Richiedi(b.pavimento.Schede(n, primo) == n * b.collezione.idCampi.size(),
+                              "the floor did not read whole sheets");
+                 },
+                 [anteprima, partenza] {
+                     anteprima->Sfoglia->setValue(partenza());
+                     anteprima->Ridisegna();
+                 }};
+    o.obiettivo = 0; // as for the first screen: the widget work dominates
+    return o;
+}
+
 // What both imports read: a file of as many lines as the store has records, ten columns each, as a
 // ";"-separated text file and as a table of a Jet 4 archive, each written a row at a time, never held.
 struct Fonti {
@@ -497,6 +528,15 @@ QList<Operazione> Operazioni(Banco& b) {
                     DefinizioniCampi().at(0).valore(b.record / 4), true, 1.5),
             Ricerca(b, QStringLiteral("search matching every record"), QStringLiteral("Titolo"), false, 3.0),
             AperturaElenco(b), ScorrimentoElenco(b), OrdinamentoElenco(b), FiltroElencoBench(b),
-            Disposizione(b), Esportazione(b), AnteprimaStampa(b), ImportaTesto(b, fonti),
-            ImportaArchivio(b, fonti), LetturaLibmdb(b, fonti)};
+            Disposizione(b), Esportazione(b), AnteprimaStampa(b),
+            ScorriAnteprima(
+                b, QStringLiteral("print preview, one screen down from the first"), [] { return 0; },
+                QAbstractSlider::SliderPageStepAdd),
+            ScorriAnteprima(
+                b, QStringLiteral("print preview, one screen down near the end"),
+                [&b] { return std::max(0, b.record - 60); }, QAbstractSlider::SliderPageStepAdd),
+            ScorriAnteprima(
+                b, QStringLiteral("print preview, jump to the last record (Ctrl+End)"), [] { return 0; },
+                QAbstractSlider::SliderToMaximum),
+            ImportaTesto(b, fonti), ImportaArchivio(b, fonti), LetturaLibmdb(b, fonti)};
 }

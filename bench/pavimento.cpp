@@ -179,9 +179,9 @@ int Pavimento::Esporta(const QString& percorso) {
     return letti;
 }
 
-int Pavimento::Schede(qint32 n) {
+int Pavimento::Schede(qint32 n, qint32 primo) {
     int righe = 0;
-    for (qint32 i = 1; i <= n; ++i) {
+    for (qint32 i = primo; i < primo + n; ++i) {
         m_scheda.Lega(1, m_collezione.id).Lega(2, i);
         for (; m_scheda.Riga(); ++righe) {
             for (int colonna = 0; colonna < 4; ++colonna)

@@ -36,9 +36,9 @@ public:
     // same bytes written to the file (the bench's values are ASCII, the same in UTF-8 and
     // Windows-1252); answers the values read.
     int Esporta(const QString& percorso);
-    // The field rows of records 1 to n with their labels and types, each record in name order, as the
-    // print layouts read them; answers the rows read.
-    int Schede(qint32 n);
+    // The field rows of n records from `primo` on with their labels and types, each record in name
+    // order, as the print layouts read them; answers the rows read.
+    int Schede(qint32 n, qint32 primo = 1);
     // An import's least SQL: the collection row, its field rows and every value of the
     // ";"-separated file `testo` (read a line at a time, the heading skipped, its bytes bound as
     // they are), each kind of row through one prepared statement, in one transaction. Answers the

@@ -1,5 +1,6 @@
 #include "archivio.h"
 
+#include "indiciricerca.h"
 #include "programma.h"
 
 #include <QCoreApplication>
@@ -40,6 +41,7 @@ QString ConSeparatoreFinale(const QString& cartella) {
 void ApriDatabase(const QString& cartella) {
     PercorsoApplicazione() = ConSeparatoreFinale(cartella);
     Database().Apri(AppPath() + Programma::NomeArchivio(), Programma::PasswordArchivio());
+    CompletaIndiciRicerca(Database());
     Tipi() = QStringLiteral("textbox|combo|checkbox|slider|memo|list|image").split(QLatin1Char('|'));
 }
 

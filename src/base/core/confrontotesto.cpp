@@ -7,11 +7,6 @@
 
 namespace {
 
-// Decomposed and case-folded: accents become marks after their base letter.
-QString Piegato(QStringView testo) {
-    return testo.toString().normalized(QString::NormalizationForm_D).toCaseFolded();
-}
-
 QString SenzaSegni(const QString& piegato) {
     QString base;
     base.reserve(piegato.size());
@@ -100,7 +95,7 @@ bool Corrisponde(std::basic_string_view<C> testo, std::basic_string_view<C> mode
 }
 
 std::u32string PiegatoPerSomiglianza(QStringView testo) {
-    const QList<uint> punti = Piegato(testo).normalized(QString::NormalizationForm_C).toUcs4();
+    const QList<uint> punti = TestoPiegato(testo).normalized(QString::NormalizationForm_C).toUcs4();
     return {punti.begin(), punti.end()};
 }
 
@@ -147,9 +142,13 @@ void FunzioneLike(sqlite3_context* contesto, int argomenti, sqlite3_value** valo
 
 } // namespace
 
+QString TestoPiegato(QStringView testo) {
+    return testo.toString().normalized(QString::NormalizationForm_D).toCaseFolded();
+}
+
 int ConfrontaTesti(QStringView a, QStringView b) {
-    const QString pa = Piegato(a);
-    const QString pb = Piegato(b);
+    const QString pa = TestoPiegato(a);
+    const QString pb = TestoPiegato(b);
     const int base = SenzaSegni(pa).compare(SenzaSegni(pb));
     return Segno(base != 0 ? base : pa.compare(pb));
 }

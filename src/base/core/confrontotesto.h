@@ -8,6 +8,9 @@ struct sqlite3;
 // not only ASCII, with accented letters sorting beside their base letter ("città" before
 // "cittadino", "Èra" before "Fine") and still distinct from it ("citta" is not "città").
 int ConfrontaTesti(QStringView a, QStringView b);
+// Decomposed and case-folded: accents become marks after their base letter. Two texts are equal
+// exactly when their folded forms are.
+QString TestoPiegato(QStringView testo);
 bool TestiUguali(QStringView a, QStringView b);
 
 // SQL's LIKE with the same folding: "%" matches any run of characters, "_" one character, and the

@@ -77,5 +77,11 @@ CREATE TABLE valori (
                 AND length(ltrim(substr(trim(numerorecord), 2), '0')) <= 18))
 );
 
-CREATE INDEX valori_campo_record ON valori (id_campo, numerorecord);
+-- A record's values are found by field and record number; a search reads its field's values in
+-- record order from the first index alone, and finds a whole value by its key in the second. Both
+-- order by BINARY only, so a shell without the program's NOCASE finds them sound. The key (ASCII
+-- lowered, the four characters that fold to ASCII replaced, 40 characters) must stay as the
+-- program writes it in its queries.
+CREATE INDEX valori_ricerca ON valori (id_campo, numerorecord, valore COLLATE BINARY, data_ins COLLATE BINARY, data_mod COLLATE BINARY);
+CREATE INDEX valori_chiave ON valori (id_campo, substr(replace(replace(replace(replace(lower(valore), char(383), 's'), char(894), ';'), char(8175), '`'), char(8490), 'k'), 1, 40));
 CREATE INDEX campi_collezione ON campi (id_collezione);

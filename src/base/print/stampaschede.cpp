@@ -60,9 +60,12 @@ void StampaCampo(Superficie& superficie, const CampoStampa& campo, bool immagini
 
 } // namespace
 
-void StampaSchede(Superficie& superficie, qint32 idCollezione, bool immagini, bool numeriRecord) {
+qint32 StampaSchede(Superficie& superficie, qint32 idCollezione, bool immagini, bool numeriRecord,
+                    qint32 primo) {
     const qint32 totale = ContaRecord(idCollezione);
-    for (qint32 i = 1; i <= totale && !superficie.Piena(); ++i) {
+    qint32 ultimo = 0;
+    for (qint32 i = primo; i <= totale && !superficie.Piena(); ++i) {
+        ultimo = i;
         const QList<CampoStampa> campi = CampiDelRecord(idCollezione, i, true);
         if (numeriRecord)
             IntestaRecord(superficie, i, totale);
@@ -74,4 +77,5 @@ void StampaSchede(Superficie& superficie, qint32 idCollezione, bool immagini, bo
     }
     if (superficie.EStampante())
         superficie.FineLavoro();
+    return ultimo;
 }

@@ -41,9 +41,11 @@ void Intestazione(Superficie& superficie, const QList<CampoStampa>& campi) {
 
 } // namespace
 
-void StampaTabellare(Superficie& superficie, qint32 idCollezione) {
+qint32 StampaTabellare(Superficie& superficie, qint32 idCollezione, qint32 primo) {
     const qint32 totale = ContaRecord(idCollezione);
-    for (qint32 i = 1; i <= totale && !superficie.Piena(); ++i) {
+    qint32 ultimo = 0;
+    for (qint32 i = primo; i <= totale && !superficie.Piena(); ++i) {
+        ultimo = i;
         const QList<CampoStampa> campi = CampiDelRecord(idCollezione, i, false);
         if (i == 1)
             Intestazione(superficie, campi);
@@ -54,4 +56,5 @@ void StampaTabellare(Superficie& superficie, qint32 idCollezione) {
     }
     if (superficie.EStampante())
         superficie.FineLavoro();
+    return ultimo;
 }

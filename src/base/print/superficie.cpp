@@ -40,10 +40,27 @@ void Superficie::FaiSpazio() {
     CurrentX = x;
 }
 
+// A memo keeps its line breaks as CR LF; a lone CR or LF breaks the line too.
 void Superficie::Stampa(const QString& testo) {
-    if (testo.isEmpty())
+    qsizetype inizio = 0;
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        const QChar c = testo.at(i);
+        if (c != QLatin1Char('\r') && c != QLatin1Char('\n'))
+            continue;
+        StampaRiga(QStringView(testo).sliced(inizio, i - inizio));
+        FineRiga();
+        if (c == QLatin1Char('\r') && i + 1 < testo.size() && testo.at(i + 1) == QLatin1Char('\n'))
+            ++i;
+        inizio = i + 1;
+    }
+    StampaRiga(QStringView(testo).sliced(inizio));
+}
+
+void Superficie::StampaRiga(QStringView riga) {
+    if (riga.isEmpty())
         return;
     FaiSpazio();
+    const QString testo = riga.toString();
     PittoreConCarattere().drawText(QPointF(CurrentX, CurrentY + m_metriche.ascent()), testo);
     CurrentX += LarghezzaTesto(testo);
 }

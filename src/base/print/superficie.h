@@ -34,7 +34,8 @@ public:
     // bottom. A printer is never full: it goes on on a new page.
     bool Piena() const;
 
-    // Text at the print position, which moves past it on the same line.
+    // Text at the print position, which moves past it on the same line; each line break in it
+    // ends the line, as FineRiga does.
     void Stampa(const QString& testo);
     // Ends the line: back to the left edge, one line down. On the printer a line that no longer
     // fits on the page goes to the top of a new one.
@@ -69,6 +70,7 @@ protected:
 private:
     QPainter& PittoreConCarattere();
     void FaiSpazio();
+    void StampaRiga(QStringView riga);
 
     QFont m_carattere;
     QFontMetricsF m_metriche;

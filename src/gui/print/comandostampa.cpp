@@ -1,9 +1,7 @@
 #include "comandostampa.h"
 
-#include "casellafigura.h"
 #include "frmpreview.h"
 #include "interazione.h"
-#include "stampaschede.h"
 
 void ApriStampa(qint32 idCollezione, QWidget* proprietario) {
     if (idCollezione < 0) {
@@ -12,6 +10,6 @@ void ApriStampa(qint32 idCollezione, QWidget* proprietario) {
     }
     frmPreview finestra(proprietario);
     finestra.IdCollezione = idCollezione;
-    StampaSchede(*finestra.Pic1, idCollezione, true, true);
+    finestra.Ridisegna(); // both boxes start checked: the sheets with pictures and numbers
     MostraModale(finestra);
 }

@@ -3,17 +3,22 @@
 #include "casellafigura.h"
 #include "confine.h"
 #include "interazione.h"
+#include "routinesql.h"
 #include "stampaschede.h"
 #include "stampatabellare.h"
 #include "superficiestampante.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QPrinter>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <cmath>
 
 namespace {
@@ -67,7 +72,16 @@ void frmPreview::CreaControlli() {
     Scorrimento->setObjectName(QStringLiteral("Scorrimento"));
     Scorrimento->setBackgroundRole(QPalette::Dark);
     Scorrimento->setWidgetResizable(true);
+    Scorrimento->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Scorrimento->setWidget(tavolo);
+    Scorrimento->viewport()->installEventFilter(this);
+    Sfoglia = new QScrollBar(Qt::Vertical);
+    Sfoglia->setObjectName(QStringLiteral("Sfoglia"));
+    Sfoglia->setRange(0, 0);
+    auto* anteprima = new QHBoxLayout;
+    anteprima->setSpacing(0);
+    anteprima->addWidget(Scorrimento, 1);
+    anteprima->addWidget(Sfoglia);
 
     cmdStampa = Pulsante("cmdStampa", QStringLiteral("STAMPA"));
     cmdImpostaStampante = Pulsante("cmdImpostaStampante", QStringLiteral("Imposta Stampante"));
@@ -79,7 +93,7 @@ void frmPreview::CreaControlli() {
 
     auto* colonna = new QVBoxLayout(this);
     colonna->addLayout(opzioni);
-    colonna->addWidget(Scorrimento, 1);
+    colonna->addLayout(anteprima, 1);
     colonna->addLayout(pulsanti);
 }
 
@@ -91,11 +105,20 @@ void frmPreview::CollegaEventi() {
     connect(cmdImpostaStampante, &QPushButton::clicked, this,
             Protetto([this] { cmdImpostaStampante_Click(); }));
     connect(cmdAnnulla, &QPushButton::clicked, this, &QDialog::reject);
-    QScrollBar* barra = Scorrimento->verticalScrollBar();
-    connect(barra, &QScrollBar::valueChanged, this, Protetto([this, barra](int valore) {
-                if (valore > 0 && valore == barra->maximum() && Pic1->Piena())
-                    Allunga();
-            }));
+    connect(Sfoglia, &QScrollBar::valueChanged, this, Protetto([this] { Ridisegna(); }));
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_End), this), &QShortcut::activated, this,
+            [this] { Sfoglia->triggerAction(QAbstractSlider::SliderToMaximum); });
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Home), this), &QShortcut::activated, this,
+            [this] { Sfoglia->triggerAction(QAbstractSlider::SliderToMinimum); });
+}
+
+// The wheel over the sheet moves through the records.
+bool frmPreview::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == Scorrimento->viewport() && evento->type() == QEvent::Wheel) {
+        QCoreApplication::sendEvent(Sfoglia, evento);
+        return true;
+    }
+    return QDialog::eventFilter(oggetto, evento);
 }
 
 void frmPreview::AdattaPagina() {
@@ -106,22 +129,22 @@ void frmPreview::AdattaPagina() {
     Pic1->ImpostaPagina(intera.width() * twip, QMarginsF(area.left() * twip, area.top() * twip,
                                                          (intera.right() - area.right()) * twip, 0));
     const int altezza = static_cast<int>(std::ceil(intera.height() * twip / Superficie::TwipPerPixel));
-    Pic1->setFixedHeight(std::max(Pic1->height(), altezza));
+    Pic1->setFixedHeight(altezza);
 }
 
 void frmPreview::Ridisegna() {
     Pic1->Cls();
-    if (Tabulare->isChecked())
-        StampaTabellare(*Pic1, IdCollezione);
-    else
-        StampaSchede(*Pic1, IdCollezione, Immagini->isChecked(), NumeroRecord->isChecked());
+    const qint32 primo = Sfoglia->value() + 1;
+    const qint32 ultimo = Tabulare->isChecked() ? StampaTabellare(*Pic1, IdCollezione, primo)
+                                                : StampaSchede(*Pic1, IdCollezione, Immagini->isChecked(),
+                                                               NumeroRecord->isChecked(), primo);
+    AggiornaSfoglia(primo, ultimo);
 }
 
-void frmPreview::Allunga() {
-    if (Pic1->height() > QWIDGETSIZE_MAX / 2)
-        return;
-    Pic1->setFixedHeight(Pic1->height() * 2);
-    Ridisegna();
+void frmPreview::AggiornaSfoglia(qint32 primo, qint32 ultimo) {
+    const QSignalBlocker fermo(Sfoglia);
+    Sfoglia->setRange(0, std::max(0, ContaRecord(IdCollezione) - 1));
+    Sfoglia->setPageStep(std::max(1, ultimo - primo));
 }
 
 void frmPreview::Tabulare_Click() {

@@ -29,8 +29,17 @@ QSizeF SuperficieStampante::Area() const {
     return m_stampante.pageLayout().paintRect(QPageLayout::Inch).size() * TwipPerPollice;
 }
 
+// A printer whose job fails to begin stays busy for good and refuses every setting the set-up
+// makes afterwards, so a job that cannot begin, for want of a printer or of a file to write the
+// PDF to, is not begun at all.
+bool SuperficieStampante::Pronta() const {
+    if (!m_stampante.isValid())
+        return false;
+    return m_stampante.outputFormat() != QPrinter::PdfFormat || !m_stampante.outputFileName().isEmpty();
+}
+
 void SuperficieStampante::Inizia() {
-    if (!m_pittore.begin(&m_stampante))
+    if (!Pronta() || !m_pittore.begin(&m_stampante))
         Fallisci(QStringLiteral("Impossibile avviare la stampa: scegliere una stampante con \"Imposta "
                                 "Stampante\"."));
     const double scala = m_stampante.resolution() / TwipPerPollice;

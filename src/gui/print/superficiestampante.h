@@ -24,6 +24,7 @@ protected:
     void ChiudiLavoro() override;
 
 private:
+    bool Pronta() const;
     void Inizia();
 
     QPrinter& m_stampante;

@@ -19,22 +19,42 @@ QString Data(const QString& memorizzata) {
 
 RisultatiRicerca::RisultatiRicerca(QObject* parent)
     : QAbstractTableModel(parent)
+    , m_inizi{0}
     , m_intestazioni{QStringLiteral("Valore"), QStringLiteral("Record"), QStringLiteral("Inserito"),
                      QStringLiteral("Modificato")} {}
 
 void RisultatiRicerca::Svuota() {
     beginResetModel();
-    m_righe.clear();
+    Azzera();
     endResetModel();
+}
+
+void RisultatiRicerca::Azzera() {
+    m_testi.clear();
+    m_inizi = {0};
+    m_record.clear();
+}
+
+void RisultatiRicerca::Aggiungi(const QVariant& testo) {
+    m_testi.append(testo.toString());
+    m_inizi.append(m_testi.size());
 }
 
 void RisultatiRicerca::Riempi(Recordset& rs) {
     beginResetModel();
-    m_righe.clear();
-    for (; !rs.Fine(); rs.Successivo())
-        m_righe.append({rs.Campo(Valore).toString(), static_cast<qint32>(rs.Campo(Record).toLongLong()),
-                        rs.Campo(Inserito).toString(), rs.Campo(Modificato).toString()});
+    Azzera();
+    for (; !rs.Fine(); rs.Successivo()) {
+        Aggiungi(rs.Campo(Valore));
+        Aggiungi(rs.Campo(Inserito));
+        Aggiungi(rs.Campo(Modificato));
+        m_record.append(static_cast<qint32>(rs.Campo(Record).toLongLong()));
+    }
     endResetModel();
+}
+
+QString RisultatiRicerca::Testo(int riga, int pezzo) const {
+    const qsizetype i = qsizetype{riga} * TestiPerRiga + pezzo;
+    return m_testi.sliced(m_inizi.at(i), m_inizi.at(i + 1) - m_inizi.at(i));
 }
 
 void RisultatiRicerca::ImpostaIntestazioneValore(const QString& testo) {
@@ -43,7 +63,7 @@ void RisultatiRicerca::ImpostaIntestazioneValore(const QString& testo) {
 }
 
 int RisultatiRicerca::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(m_righe.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_record.size());
 }
 
 int RisultatiRicerca::columnCount(const QModelIndex& parent) const {
@@ -53,18 +73,18 @@ int RisultatiRicerca::columnCount(const QModelIndex& parent) const {
 QVariant RisultatiRicerca::data(const QModelIndex& indice, int ruolo) const {
     if (!indice.isValid())
         return {};
-    const Riga& riga = m_righe.at(indice.row());
+    const int riga = indice.row();
     switch (ruolo) {
     case Qt::DisplayRole:
         switch (indice.column()) {
         case Valore:
-            return riga.valore;
+            return Testo(riga, 0);
         case Record:
-            return riga.record;
+            return m_record.at(riga);
         case Inserito:
-            return Data(riga.inserito);
+            return Data(Testo(riga, 1));
         default:
-            return Data(riga.modificato);
+            return Data(Testo(riga, 2));
         }
     case Qt::TextAlignmentRole:
         return indice.column() == Record ? QVariant(Qt::AlignCenter) : QVariant();

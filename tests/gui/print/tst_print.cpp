@@ -29,6 +29,15 @@ static QStringList Disegnati(CasellaFigura& casella) {
     return registro.Testi() << QString::number(registro.figure.size());
 }
 
+// The text of a PDF, page after page, each page ended by a form feed.
+static QString TestoPdf(const QString& pdf) {
+    QProcess lettore;
+    lettore.start("pdftotext", {"-layout", pdf, "-"});
+    if (!lettore.waitForFinished(30000) || lettore.exitCode() != 0)
+        return QStringLiteral("pdftotext: ") + QString::fromLocal8Bit(lettore.readAllStandardError());
+    return QString::fromUtf8(lettore.readAllStandardOutput());
+}
+
 // "Stampa..." from the collections window, the preview and its options, printing to PDF.
 class TestPrint final : public QObject {
     Q_OBJECT
@@ -83,22 +92,30 @@ private Q_SLOTS:
         VERIFICA_SCRIPT(script);
     }
 
-    // Only what can be seen is drawn; scrolled down, the box grows and the records below are drawn.
+    // Only what can be seen is drawn; moved anywhere, by the bar, a page or Ctrl+End, the preview
+    // draws from that record on and nothing before it.
     void soloCioCheSiVede() {
         Dischi(300);
         frmPreview f;
         f.IdCollezione = m_id;
         f.Ridisegna();
         f.show();
-        const int visti = static_cast<int>(Disegnati(*f.Pic1).count("Titolo:"));
+        QVERIFY(QTest::qWaitForWindowActive(&f));
+        const QStringList primi = Disegnati(*f.Pic1);
+        const auto visti = primi.count("Titolo:");
         QVERIFY2(visti > 2 && visti < 20, qPrintable(QString::number(visti)));
-        const int alta = f.Pic1->height();
-        QScrollBar* barra = f.Scorrimento->verticalScrollBar();
-        QTRY_VERIFY(barra->maximum() > 0);
-        barra->setValue(barra->maximum());
-        QCOMPARE(f.Pic1->height(), 2 * alta);
-        const QStringList poi = Disegnati(*f.Pic1);
-        QVERIFY(poi.count("Titolo:") > visti && !poi.contains("Record 300di 300"));
+        QCOMPARE(primi.first(), "Record 1di 300");
+        QCOMPARE(f.Sfoglia->maximum(), 299);
+        f.Sfoglia->setValue(149);
+        QCOMPARE(Disegnati(*f.Pic1).first(), "Record 150di 300");
+        QCOMPARE(Disegnati(*f.Pic1).count("Titolo:"), visti);
+        f.Sfoglia->triggerAction(QAbstractSlider::SliderPageStepAdd);
+        QCOMPARE(Disegnati(*f.Pic1).first(), QStringLiteral("Record %1di 300").arg(150 + visti - 1));
+        QTest::keyClick(&f, Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(Disegnati(*f.Pic1),
+                 QStringList({"Record 300di 300", "Copertina:", "Titolo:", "Disco 300", "0"}));
+        f.Tabulare->click();
+        QCOMPARE(Disegnati(*f.Pic1), QStringList({"Disco 300", "0"}));
     }
 
     // A picture failure is told and leaves no half document; then a PDF page per record, no blank page.
@@ -118,10 +135,53 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(pdf));
         Database().Esegui("update valori set valore='' where valore='" + Percorso("sparita.png") + "'");
         f.cmdStampa->click();
-        QProcess lettore;
-        lettore.start("pdftotext", {"-layout", pdf, "-"});
-        QVERIFY(lettore.waitForFinished(30000) && lettore.exitCode() == 0);
-        QCOMPARE(lettore.readAllStandardOutput().count('\f'), 2);
+        QCOMPARE(TestoPdf(pdf).count('\f'), 2);
+    }
+
+    // The lines of a memo each start a line on the sheet, and those past the page's end go on the next.
+    void memoRigaPerRiga() {
+        const qint32 note = AggiungiCampo(m_id, {{"nome", "Note"}, {"tipo", "memo"}});
+        QStringList righe{"Prima riga del memo", "Seconda riga"};
+        for (int i = 1; i <= 90; ++i)
+            righe << QStringLiteral("Riga %1").arg(i);
+        ScriviValore(note, 1, righe.join("\r\n"));
+        frmPreview f;
+        f.IdCollezione = m_id;
+        const QString pdf = Percorso("memo.pdf");
+        f.Stampante().setOutputFormat(QPrinter::PdfFormat);
+        f.Stampante().setOutputFileName(pdf);
+        f.NumeroRecord->setChecked(false);
+        f.cmdStampa->click();
+        const QString testo = TestoPdf(pdf);
+        QVERIFY(testo.count('\f') >= 2);
+        QStringList stampate;
+        for (const QString& riga : testo.split('\n'))
+            stampate << riga.simplified();
+        stampate.removeAll(QString());
+        QCOMPARE(stampate.value(0), "Note: Prima riga del memo");
+        QCOMPARE(stampate.mid(1), righe.mid(1));
+    }
+
+    // "STAMPA" refused for want of a printer; PDF chosen then in "Imposta Stampante" prints.
+    void stampaDopoUnRifiuto() {
+        Dischi(1);
+        frmPreview f;
+        f.IdCollezione = m_id;
+        f.Stampante().setOutputFormat(QPrinter::PdfFormat); // what a machine without printers offers
+        f.Stampante().setOutputFileName(QString());
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Ok);
+        f.cmdStampa->click();
+        const QString pdf = Percorso("dopo.pdf");
+        script.Stampante(true, [pdf](QPrinter& stampante) {
+            stampante.setOutputFormat(QPrinter::PdfFormat);
+            stampante.setOutputFileName(pdf);
+        });
+        f.cmdImpostaStampante->click();
+        f.cmdStampa->click();
+        VERIFICA_SCRIPT(script);
+        QVERIFY(script.TestiMessaggi().value(0).startsWith("Impossibile avviare la stampa"));
+        QVERIFY(TestoPdf(pdf).contains("Disco 1"));
     }
 };
 

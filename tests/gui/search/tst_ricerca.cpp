@@ -102,6 +102,39 @@ private Q_SLOTS:
         Database().Esegui("update campi set id=0 where nome='Città'");
         Caso("Città", "Roma", false, {}, "Errore inatteso IDCAMPO=0 non trovato! | Orvix | 1");
     }
+
+    // Only "*" stands for other characters: "%", "_" and "\\" typed in the text match themselves,
+    // still without regard to case.
+    void soloAsteriscoJolly() {
+        ArchivioTemporaneo archivio;
+        const qint32 note = CreaCollezione("Note", QString());
+        const qint32 testo = AggiungiCampo(note, {{"nome", "Testo"}});
+        const QStringList valori{"a_b",      "axb",  "50% SCONTO", "500 sconto",
+                                 "C:\\dati", "Roma", "Rosa",       "Ravenna"};
+        for (int i = 0; i < valori.size(); ++i)
+            ScriviValore(testo, i + 1, valori.at(i));
+        frmMAIN frame;
+        frame.show();
+        ApriRicerca(note);
+        Caso("Testo", "A_B", false, {"a_b:1"});
+        Caso("Testo", "_", false, {"a_b:1"});
+        Caso("Testo", "50% s", false, {"50% SCONTO:3"});
+        Caso("Testo", "%", false, {"50% SCONTO:3"});
+        Caso("Testo", "\\", false, {"C:\\dati:5"});
+        Caso("Testo", "r*a", false, {"Roma:6", "Rosa:7", "Ravenna:8"});
+        Caso("Testo", "ro*a", false, {"Roma:6", "Rosa:7"});
+        QStringList tutti;
+        for (int i = 0; i < valori.size(); ++i)
+            tutti << valori.at(i) + ":" + QString::number(i + 1);
+        Caso("Testo", "*", false, tutti);
+        const QString oggi = QLocale().toString(QDate::currentDate(), QLocale::ShortFormat);
+        for (const int riga : {0, 4, 7}) {
+            QCOMPARE(F().Risultati().index(riga, 2).data().toString(), oggi);
+            QCOMPARE(F().Risultati().index(riga, 3).data().toString(), oggi);
+        }
+        QCOMPARE(F().Risultati().NumeroRecord(4), 5);
+        Caso("Testo", "a_b", true, {"a_b:1"});
+    }
 };
 
 QTEST_MAIN(TestRicerca)
