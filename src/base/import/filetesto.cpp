@@ -54,7 +54,8 @@ bool FileTesto::Utf8Valido() {
             return QByteArrayView(resto).isValidUtf8();
         const QByteArray blocco = resto + letto;
         const qsizetype taglio = Taglio(blocco);
-        if (!QByteArrayView(blocco).first(taglio).isValidUtf8())
+        // A character takes at most four bytes: a longer tail is no UTF-8, and is not carried on.
+        if (blocco.size() - taglio > 4 || !QByteArrayView(blocco).first(taglio).isValidUtf8())
             return false;
         resto = blocco.mid(taglio);
     }

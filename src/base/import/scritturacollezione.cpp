@@ -42,12 +42,21 @@ void ScritturaCollezione::ApriLotto() {
         m_lotto = std::make_unique<Transazione>(Database());
 }
 
+// Once a batch is committed its pages are dropped from the engine's page cache: a large import
+// would otherwise fill the whole cache with pages it never reads again.
 void ScritturaCollezione::ChiudiLotto() {
     if (!m_lotto)
         return;
     m_nelLotto = 0;
     const std::unique_ptr<Transazione> lotto = std::move(m_lotto);
     lotto->Conferma();
+    sqlite3_db_release_memory(sqlite3_db_handle(Inserimento()));
+}
+
+sqlite3_stmt* ScritturaCollezione::Inserimento() {
+    if (!m_inserisci)
+        m_inserisci = Database().Prepara(InserisciValore + QStringLiteral(" values(?1,?2,?3,?3,?4)"));
+    return m_inserisci;
 }
 
 void ScritturaCollezione::Concludi() {
@@ -178,8 +187,7 @@ bool ScritturaCollezione::Legabile(const QString& valore) const {
 }
 
 void ScritturaCollezione::Lega(qint64 idCampo, const QString& valore) {
-    if (!m_inserisci)
-        m_inserisci = Database().Prepara(InserisciValore + QStringLiteral(" values(?1,?2,?3,?3,?4)"));
+    Inserimento();
     const QByteArray testo = valore.toUtf8();
     sqlite3_bind_int64(m_inserisci, 1, idCampo);
     sqlite3_bind_text(m_inserisci, 2, testo.constData(), static_cast<int>(testo.size()), SQLITE_STATIC);

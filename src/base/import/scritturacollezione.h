@@ -47,6 +47,7 @@ public:
 private:
     void ApriLotto();
     void ChiudiLotto();
+    sqlite3_stmt* Inserimento();
     void CercaIdCampi();
     void VerificaValori(const QStringList& valori);
     bool Legabile(const QString& valore) const;

@@ -85,6 +85,8 @@ private Q_SLOTS:
         const QByteArray pieno(FileTesto::Blocco - 4, 'a');
         QCOMPARE(Righe("\xEF\xBB\xBF" + pieno + "\xC3\xA8\n\xE2\x82\xAC"),
                  QStringList({QString::fromLatin1(pieno) + QString::fromUtf8("è"), QString::fromUtf8("€")}));
+        QCOMPARE(Righe(pieno + "\xF0\x9F\x98\x80!"),
+                 QStringList{QString::fromLatin1(pieno) + QString::fromUtf8("😀!")});
         QCOMPARE(Righe(pieno + "\n" + pieno + "caff\xE8 \x80 \x93\x9C"),
                  QStringList({QString::fromLatin1(pieno),
                               QString::fromLatin1(pieno) + QString::fromUtf8("caffè € “œ")}));
