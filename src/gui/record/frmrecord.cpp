@@ -13,6 +13,7 @@
 #include "stampatesto.h"
 #include "testorecord.h"
 
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -367,9 +368,13 @@ void frmRecord::Vai(qint32 numero) {
     CaricaRecord(*this, RecordCorrente, CurrTabella);
 }
 
-// Record moves on the keys a reader expects, in browse only. A memo or list with the focus uses
-// these keys itself and never passes them on, so it keeps them.
+// Record moves on the keys a reader expects, in browse only. A memo or list with the focus keeps
+// all four, scrolling or not: the same keys move inside it while editing.
 void frmRecord::keyPressEvent(QKeyEvent* evento) {
+    if (qobject_cast<QAbstractScrollArea*>(focusWidget())) {
+        FinestraControlli::keyPressEvent(evento);
+        return;
+    }
     static const QList<std::pair<QKeySequence::StandardKey, QString>> spostamenti{
         {QKeySequence::MoveToStartOfDocument, QStringLiteral("first")},
         {QKeySequence::MoveToPreviousPage, QStringLiteral("prev")},

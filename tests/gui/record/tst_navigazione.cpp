@@ -116,7 +116,7 @@ private Q_SLOTS:
         Premi("ok");
         VERIFICA_SCRIPT(script);
         QCOMPARE(Descrivi(script.Richieste().at(1).messaggio),
-                 QString("Il record 2 non esiste più: le modifiche non sono state salvate. | Orvix | 031"));
+                 QString("Il record 2 non esiste più: le modifiche non sono state salvate. | Orvix | 31"));
         QVERIFY(F().ModificaRecord);
         QCOMPARE(Dove(), QString("2|Record N. 2|Da non perdere"));
         QCOMPARE(Titoli(), QStringList{"1=Disco 1"});
