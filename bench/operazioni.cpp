@@ -6,9 +6,11 @@
 #include "avanzamento.h"
 #include "casellafigura.h"
 #include "colonneelenco.h"
+#include "comandicampi.h"
 #include "comandostampa.h"
 #include "costruisciform.h"
 #include "esportatesto.h"
+#include "form1.h"
 #include "frmanteprima.h"
 #include "frmelenco.h"
 #include "frmfind.h"
@@ -16,10 +18,12 @@
 #include "frmrecord.h"
 #include "importaarchivio.h"
 #include "importatesto.h"
+#include "listecontrolli.h"
 #include "mappacampi.h"
 #include "modelloelenco.h"
 #include "navigazione.h"
 #include "pavimento.h"
+#include "rispostasi.h"
 #include "risultatiricerca.h"
 #include "routinesql.h"
 #include "vistaelenco.h"
@@ -32,6 +36,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <cmath>
@@ -503,6 +508,29 @@ Operazione LetturaLibmdb(Banco& b, const std::shared_ptr<Fonti>& fonti) {
     return o;
 }
 
+// "Crea Nuovo Campo" from the collections window, its dialogs answered at once: the field row and a
+// value for every record. The window's fields list is put back with the store after each call.
+Operazione AggiuntaCampo(Banco& b) {
+    auto form = std::make_shared<Form1>();
+    CaricaCollezioniInLista(*form->List1);
+    for (int i = 0; i < form->List1->count(); ++i)
+        if (form->List1->item(i)->data(Qt::UserRole).toInt() == b.collezione.id)
+            form->List1->setCurrentRow(i);
+    Richiedi(form->IdCollezioneCorrente() == b.collezione.id, "the collections window did not select it");
+    const int campi = form->List2->count();
+    Operazione o{QStringLiteral("add a field to the collection (\"Crea Nuovo Campo\")"),
+                 [form] { CreaNuovoCampo(*form); },
+                 [&b] { b.pavimento.AggiungiCampo(ValoreCampoAggiunto().toUtf8()); }, [] {},
+                 [&b, form, campi] {
+                     Richiedi(b.pavimento.TogliCampiAggiunti() == b.record,
+                              "a field added did not get a value for every record");
+                     while (form->List2->count() > campi)
+                         delete form->List2->item(campi);
+                 }};
+    o.obiettivo = 1.5;
+    return o;
+}
+
 } // namespace
 
 qint32 RecordNonCaricato(Banco& banco) {
@@ -538,5 +566,5 @@ QList<Operazione> Operazioni(Banco& b) {
             ScorriAnteprima(
                 b, QStringLiteral("print preview, jump to the last record (Ctrl+End)"), [] { return 0; },
                 QAbstractSlider::SliderToMaximum),
-            ImportaTesto(b, fonti), ImportaArchivio(b, fonti), LetturaLibmdb(b, fonti)};
+            ImportaTesto(b, fonti), ImportaArchivio(b, fonti), LetturaLibmdb(b, fonti), AggiuntaCampo(b)};
 }

@@ -6,6 +6,7 @@
 
 #include <QDate>
 #include <QFile>
+#include <algorithm>
 #include <stdexcept>
 
 namespace {
@@ -216,6 +217,31 @@ qint32 Pavimento::Importazione(const QStringList& nomi, const QString& testo) {
     }
     m_conferma.Esegui();
     return static_cast<qint32>(id);
+}
+
+void Pavimento::AggiungiCampo(const QByteArray& valore) {
+    m_inizia.Esegui();
+    m_campo.Lega(1, m_collezione.id).Lega(2, QByteArray("Pavimento")).Lega(3, 440).Lega(4, 10).Esegui();
+    const qint64 id = sqlite3_last_insert_rowid(m_campo.Connessione());
+    const qint32 n = Massimo();
+    for (qint32 r = 1; r <= n; ++r)
+        m_inserisci.Lega(1, id).Lega(2, valore).Lega(3, m_oggi).Lega(4, r).Esegui();
+    m_conferma.Esegui();
+}
+
+int Pavimento::TogliCampiAggiunti() {
+    const qint64 ultimo = *std::max_element(m_collezione.idCampi.cbegin(), m_collezione.idCampi.cend());
+    const QString aggiunti = QStringLiteral("select id from campi where id_collezione=?1 and id>?2");
+    m_inizia.Esegui();
+    Istruzione valori(QStringLiteral("delete from valori where id_campo in (") + aggiunti + QLatin1Char(')'));
+    valori.Lega(1, m_collezione.id).Lega(2, ultimo).Esegui();
+    const int tolti = sqlite3_changes(valori.Connessione());
+    Istruzione(QStringLiteral("delete from campi where id_collezione=?1 and id>?2"))
+        .Lega(1, m_collezione.id)
+        .Lega(2, ultimo)
+        .Esegui();
+    m_conferma.Esegui();
+    return tolti;
 }
 
 void Pavimento::TogliCollezione(qint32 id) {

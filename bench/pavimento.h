@@ -53,6 +53,12 @@ public:
     int CercaOvunque(const QList<qint32>& campi, const QString& testo);
     // Not a floor: removes a collection with its field and value rows.
     void TogliCollezione(qint32 id);
+    // A field added to the collection: its row, the largest record number, and records 1 to n given
+    // the value, the rows through one prepared statement, all in one transaction.
+    void AggiungiCampo(const QByteArray& valore);
+    // Not a floor: removes the fields added after the collection's own, with their values; answers
+    // how many values it removed.
+    int TogliCampiAggiunti();
 
 private:
     CollezioneBench m_collezione;

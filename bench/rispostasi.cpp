@@ -1,6 +1,11 @@
 #include "rispostasi.h"
 
+#include "frmproprietacontrollo.h"
+#include "frmsceglicampi.h"
+
 #include <QDialog>
+#include <QPushButton>
+#include <QRadioButton>
 #include <stdexcept>
 
 namespace {
@@ -26,11 +31,23 @@ Risposta RispostaSi::MsgBox(const Messaggio& messaggio) {
 }
 
 QString RispostaSi::InputBox(const QString& prompt, const QString&, const QString&) {
-    Inatteso(prompt);
+    if (prompt != QStringLiteral("Specifica il Valore del nuovo Campo da assegnare ai record preesistenti:"))
+        Inatteso(prompt);
+    return ValoreCampoAggiunto();
 }
 
-// The print preview is shown until its first screen is painted, then closed.
+// The print preview is shown until its first screen is painted, then closed; the field dialogs
+// are answered as a user in a hurry answers them.
 int RispostaSi::MostraModale(QDialog& finestra) {
+    if (auto* tipo = qobject_cast<FrmScegliCampi*>(&finestra)) {
+        tipo->Option1->setChecked(true);
+        tipo->cmdSCEGLI->click();
+        return QDialog::Accepted;
+    }
+    if (auto* proprieta = qobject_cast<frmProprietaControllo*>(&finestra)) {
+        proprieta->cmdSCEGLI->click();
+        return proprieta->Confermato ? QDialog::Accepted : QDialog::Rejected;
+    }
     if (finestra.objectName() != QStringLiteral("frmPreview"))
         Inatteso(finestra.objectName());
     finestra.show();

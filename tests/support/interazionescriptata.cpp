@@ -34,9 +34,10 @@ InterazioneScriptata::~InterazioneScriptata() {
     ImpostaInterazione(nullptr);
 }
 
-InterazioneScriptata& InterazioneScriptata::Rispondi(Risposta risposta) {
+InterazioneScriptata& InterazioneScriptata::Rispondi(Risposta risposta, std::function<void()> alMomento) {
     Passo passo{Tipo::MsgBox};
     passo.risposta = risposta;
+    passo.alMomento = std::move(alMomento);
     m_script.append(passo);
     return *this;
 }
@@ -105,7 +106,11 @@ Risposta InterazioneScriptata::MsgBox(const Messaggio& messaggio) {
     fatta.messaggio = messaggio;
     m_richieste.append(fatta);
     Passo passo;
-    return Prossimo(Tipo::MsgBox, messaggio.testo, passo) ? passo.risposta : Risposta::Annulla;
+    if (!Prossimo(Tipo::MsgBox, messaggio.testo, passo))
+        return Risposta::Annulla;
+    if (passo.alMomento)
+        passo.alMomento();
+    return passo.risposta;
 }
 
 QString InterazioneScriptata::InputBox(const QString& prompt, const QString& titolo,

@@ -28,7 +28,8 @@ public:
     InterazioneScriptata();
     ~InterazioneScriptata() override;
 
-    InterazioneScriptata& Rispondi(Risposta risposta);
+    // `alMomento` runs when the message box is shown, to look at the program while it waits.
+    InterazioneScriptata& Rispondi(Risposta risposta, std::function<void()> alMomento = {});
     // `alMomento` runs when the input box is asked, to look at the program while it waits.
     InterazioneScriptata& Digita(const QString& testo, std::function<void()> alMomento = {});
     // Acts on the modal window while it is shown (e.g. clicks its buttons); the window's result is returned.

@@ -52,3 +52,8 @@ void ApriDatabase() {
 void ChiudiDatabase() {
     Database().Chiudi();
 }
+
+void RichiediDatabase() {
+    if (!Database().Aperta())
+        Database().Fallisci();
+}

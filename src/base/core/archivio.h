@@ -19,3 +19,6 @@ void ApriDatabase(const QString& cartella);
 // Opens it again in the application folder (the program's own folder before any open).
 void ApriDatabase();
 void ChiudiDatabase();
+// Fails as any statement would when the store is not open. For commands that ask the user something
+// before touching the store: told first, nothing is typed in vain.
+void RichiediDatabase();

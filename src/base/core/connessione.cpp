@@ -233,6 +233,12 @@ void Connessione::Esegui(const QString& sql) {
     Restituisci(stmt);
 }
 
+void Connessione::Esegui(const QString& sql, const QList<qint64>& numeri) {
+    sqlite3_stmt* stmt = PreparaForma(sql, numeri);
+    Passo(stmt);
+    Restituisci(stmt);
+}
+
 Recordset Connessione::ApriRecordset(const QString& sql) {
     const FormaSql forma = Parametrizza(sql);
     const Lettura& lettura = LetturaDi(forma.testo);

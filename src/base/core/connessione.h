@@ -37,6 +37,9 @@ public:
 
     // Runs exactly one statement of SQL text; text after the first statement is refused.
     void Esegui(const QString& sql);
+    // The same, with the statement's ? placeholders taking the numbers in order: one text run many
+    // times over is prepared once.
+    void Esegui(const QString& sql, const QList<qint64>& numeri);
     Recordset ApriRecordset(const QString& sql);
 
     // Statements the program builds itself from column names and bound values.

@@ -18,6 +18,17 @@ bool isCifra(QChar c) {
     return c >= u'0' && c <= u'9';
 }
 
+// Only the space character, as SQL's trim() in the store's checks: a TAB or a line break around
+// the digits is refused here as it would be there.
+QString SenzaSpaziAttorno(const QString& testo) {
+    qsizetype inizio = 0, fine = testo.size();
+    while (inizio < fine && testo.at(inizio) == u' ')
+        ++inizio;
+    while (fine > inizio && testo.at(fine - 1) == u' ')
+        --fine;
+    return testo.mid(inizio, fine - inizio);
+}
+
 } // namespace
 
 bool IsNumeric(const QString& testo) {
@@ -95,7 +106,7 @@ bool CBoolTesto(const QString& testo, bool* ok) {
 }
 
 bool MisuraAmmessa(const QString& testo) {
-    QString cifre = testo.trimmed();
+    QString cifre = SenzaSpaziAttorno(testo);
     if (cifre.isEmpty())
         return false;
     while (cifre.size() > 1 && cifre.startsWith(u'0'))

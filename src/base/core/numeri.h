@@ -27,6 +27,6 @@ QString NumeroInTesto(double v);
 // "True" / "False" in any case, or a number (non-zero is true); otherwise *ok = false.
 bool CBoolTesto(const QString& testo, bool* ok = nullptr);
 
-// A position, size or tab order as the store keeps them: a whole number from 0 to 32767, blanks
-// around it allowed; no sign, separator or decimals.
+// A position, size or tab order as the store keeps them: a whole number from 0 to 32767, spaces
+// around it allowed (no other blank); no sign, separator or decimals.
 bool MisuraAmmessa(const QString& testo);

@@ -1,11 +1,14 @@
 #include "caricamodello.h"
 
 #include "archivio.h"
+#include "erroredatabase.h"
 #include "fileprofilo.h"
 #include "formatomodello.h"
 #include "numeri.h"
 #include "transazione.h"
 
+#include <QFileInfo>
+#include <limits>
 #include <stdexcept>
 
 namespace {
@@ -20,12 +23,47 @@ qint32 Intero(const QString& testo) {
     return CLng(Val(testo));
 }
 
+// A number too large even for 32 bits is as much out of range as one too large for 16.
+std::optional<qint32> InteroAmmesso(const QString& testo, qint32 minimo, qint32 massimo) {
+    try {
+        const qint32 numero = Intero(testo);
+        if (numero >= minimo && numero <= massimo)
+            return numero;
+    } catch (const std::overflow_error&) {
+    }
+    return std::nullopt;
+}
+
 qint32 QuantiCampi(const QString& testo) {
-    const qint32 numero = Intero(testo);
-    if (numero < -32768 || numero > 32767)
+    const std::optional<qint32> numero = InteroAmmesso(testo, -32768, 32767);
+    if (!numero)
         Rifiuta(QStringLiteral("Il numero dei campi del Modello (") + testo +
                 QStringLiteral(") è fuori dall'intervallo ammesso."));
-    return numero;
+    return *numero;
+}
+
+// The store's checks name the column and the rule; the key and its text are added where the number
+// did not even reach the store.
+QVariant ValoreCampo(const QString& chiave, const QString& testo) {
+    if (!FormatoModello::ChiaveNumerica(chiave))
+        return testo;
+    const std::optional<qint32> numero =
+        InteroAmmesso(testo, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max());
+    if (!numero)
+        throw std::range_error(
+            (chiave + QStringLiteral(" (") + testo + QStringLiteral(") è fuori dall'intervallo ammesso"))
+                .toLocal8Bit()
+                .toStdString());
+    return *numero;
+}
+
+void CreaCampo(Recordset& campo, const FileProfilo& modello, qint32 idCollezione, qint32 i) {
+    campo.NuovoRecord();
+    campo.Imposta(QStringLiteral("id_collezione"), idCollezione);
+    for (const QString& chiave : FormatoModello::ChiaviCampo())
+        campo.Imposta(chiave,
+                      ValoreCampo(chiave, modello.Leggi(FormatoModello::Campi, chiave + QString::number(i))));
+    campo.Salva();
 }
 
 bool Esiste(const QString& nome) {
@@ -49,18 +87,26 @@ QString NomeUnico(const QString& nome) {
     return numero == 0 ? nome : nome + QString::number(numero);
 }
 
-void CreaCampi(const FileProfilo& modello, qint32 idCollezione) {
+// A refused field names the template and the field, so the user knows what to correct in the file.
+void CreaCampi(const QString& file, const FileProfilo& modello, qint32 idCollezione) {
     using namespace FormatoModello;
     const qint32 numero = QuantiCampi(modello.Leggi(Campi, Numero));
     Recordset campo = Database().ApriRecordset(QStringLiteral("select * from campi where id=0"));
     for (qint32 i = 1; i <= numero; ++i) {
-        campo.NuovoRecord();
-        campo.Imposta(QStringLiteral("id_collezione"), idCollezione);
-        for (const QString& chiave : ChiaviCampo()) {
-            const QString testo = modello.Leggi(Campi, chiave + QString::number(i));
-            campo.Imposta(chiave, ChiaveNumerica(chiave) ? QVariant(Intero(testo)) : QVariant(testo));
+        QString motivo;
+        try {
+            CreaCampo(campo, modello, idCollezione, i);
+            continue;
+        } catch (const ErroreDatabase& errore) {
+            motivo = errore.messaggio();
+        } catch (const std::range_error& errore) {
+            motivo = QString::fromLocal8Bit(errore.what());
         }
-        campo.Salva();
+        motivo.remove(QStringLiteral("CHECK constraint failed: "));
+        Rifiuta(QStringLiteral("Il Modello \"") + QFileInfo(file).fileName() +
+                QStringLiteral("\" non è valido: il campo ") + QString::number(i) + QStringLiteral(" (\"") +
+                modello.Leggi(Campi, QStringLiteral("nome") + QString::number(i)) +
+                QStringLiteral("\") ha un valore non ammesso: ") + motivo + QStringLiteral("."));
     }
     campo.Chiudi();
 }
@@ -75,7 +121,7 @@ std::optional<VoceElenco> CaricaModello(const QString& file) {
     const qint32 id = CreaCollezione(nome, modello.Leggi(Tabella, QStringLiteral("descrizione")));
     if (id < 1)
         return std::nullopt;
-    CreaCampi(modello, id);
+    CreaCampi(file, modello, id);
     transazione.Conferma();
     return VoceElenco{id, nome};
 }

@@ -50,17 +50,18 @@ QListWidgetItem* ElencaNuovoCampo(QListWidget& lista, const QString& nome) {
     return elemento;
 }
 
+// One statement per record, the record number bound rather than spliced: the text is then
+// prepared once, not once per record, which on a large collection is most of the time.
 void DaiValoreAiRecord(qint32 idCampo, qint32 numeroRecord) {
     const QString valore = Quote(
         InputBox(QStringLiteral("Specifica il Valore del nuovo Campo da assegnare ai record preesistenti:")));
     const QString oggi = DataOggi();
-    for (qint32 r = 1; r <= numeroRecord; ++r) {
-        Database().Esegui(
-            QStringLiteral("insert into valori (valore,id_campo,data_ins,data_mod,numerorecord) ") +
-            QStringLiteral("values ('") + valore + QStringLiteral("',") + QString::number(idCampo) +
-            QStringLiteral(",'") + oggi + QStringLiteral("','") + oggi + QStringLiteral("',") +
-            QString::number(r) + QStringLiteral(")"));
-    }
+    const QString sql =
+        QStringLiteral("insert into valori (valore,id_campo,data_ins,data_mod,numerorecord) ") +
+        QStringLiteral("values ('") + valore + QStringLiteral("',") + QString::number(idCampo) +
+        QStringLiteral(",'") + oggi + QStringLiteral("','") + oggi + QStringLiteral("',?)");
+    for (qint32 r = 1; r <= numeroRecord; ++r)
+        Database().Esegui(sql, {r});
 }
 
 // The field row and the values of the existing records stand or fall together, the value prompt
@@ -88,6 +89,7 @@ void CreaNuovoCampo(Form1& form) {
             MsgBox(QStringLiteral("Nessuna Collezione Selezionata!"));
             return;
         }
+        RichiediDatabase();
         FrmScegliCampi scegli(&form);
         MostraModale(scegli);
         const QString tipo = scegli.Risultato();
@@ -107,6 +109,7 @@ void EliminaCampo(Form1& form) {
     const QList<QListWidgetItem*> selezionati = form.List2->selectedItems();
     if (selezionati.isEmpty())
         return;
+    RichiediDatabase();
     if (MsgBox(QStringLiteral("Sicuro di voler rimuovere permanentemente il Campo selezionato?"),
                Pulsanti::SiNoAnnulla, Icona::Domanda, {}, 2) != Risposta::Si)
         return;

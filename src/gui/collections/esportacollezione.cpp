@@ -7,6 +7,7 @@
 void EsportaCollezione(QWidget* proprietario, qint32 idCollezione) {
     if (idCollezione < 0)
         return;
+    RichiediDatabase();
     const QString file =
         DialogoFile(proprietario, 2, QStringLiteral("Esporta File..."), QString(),
                     QStringLiteral("Tutti i files\0*.*\0"), AppPath(), QStringLiteral("txt"));

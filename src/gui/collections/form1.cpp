@@ -209,6 +209,7 @@ void Form1::MostraPopup(QMenu* menu, QWidget* sopra, const QPoint& punto) {
 }
 
 void Form1::mnuNewCollection_Click() {
+    RichiediDatabase();
     const QString nome =
         InputBox(QStringLiteral("Digita il nome della nuova Collezione?"), QStringLiteral("Cosa collezioni?"))
             .trimmed();
@@ -234,6 +235,7 @@ void Form1::mnuRinominaCollezione_Click() {
         MsgBox(QStringLiteral("Selezionare una Collezione dall'apposita Lista!"));
         return;
     }
+    RichiediDatabase();
     QListWidgetItem* selezionato =
         List1->selectedItems().isEmpty() ? nullptr : List1->selectedItems().constFirst();
     const QString nome =
@@ -263,6 +265,7 @@ void Form1::mnuRinominaCollezione_Click() {
 void Form1::mnuDelCollection_Click() {
     if (!SelezionatoIn(*List1))
         return;
+    RichiediDatabase();
     if (MsgBox(QStringLiteral("Sicuro di voler cancellare definitivamente la collezione selezionata?"),
                Pulsanti::SiNoAnnulla, Icona::Domanda, QStringLiteral("Attenzione!"), 2) != Risposta::Si)
         return;

@@ -1,5 +1,6 @@
 #include "finestracontrolli.h"
 
+#include "casellatesto.h"
 #include "cursore.h"
 #include "immagine.h"
 
@@ -33,8 +34,8 @@ int TabIndex(const QWidget* controllo) {
 
 FinestraControlli::FinestraControlli(QWidget* parent)
     : QWidget(parent)
-    , Text1(QStringLiteral("Text1"), *this, FabbricaDi<QLineEdit>())
-    , Memo1(QStringLiteral("Memo1"), *this, FabbricaDi<QPlainTextEdit>())
+    , Text1(QStringLiteral("Text1"), *this, FabbricaDi<CasellaRiga>())
+    , Memo1(QStringLiteral("Memo1"), *this, FabbricaDi<CasellaMemo>())
     , Combo1(QStringLiteral("Combo1"), *this, FabbricaDi<QComboBox>())
     , List1(QStringLiteral("List1"), *this, FabbricaDi<QListWidget>())
     , Check1(QStringLiteral("Check1"), *this, FabbricaDi<QCheckBox>())

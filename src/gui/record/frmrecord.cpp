@@ -15,9 +15,11 @@
 #include "stampatesto.h"
 #include "testorecord.h"
 
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPainter>
@@ -92,6 +94,13 @@ void frmRecord::CreaMenu() {
     mnuClipBoard = Voce(mnuFile, "mnuClipBoard", QStringLiteral("Copia negli Appunti"));
     mnuStampa = Voce(mnuFile, "mnuStampa", QStringLiteral("Stampa"));
     mnuEsci = Voce(mnuFile, "mnuEsci", QStringLiteral("Esci"));
+    // Also the window's own: the keys work with the focus anywhere in it, in or out of a frame.
+    for (const auto& [voce, tasti] :
+         {std::pair{mnuTrova, QKeySequence::Find}, {mnuStampa, QKeySequence::Print}}) {
+        voce->setShortcut(tasti);
+        voce->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        addAction(voce);
+    }
     connect(mnuTrova, &QAction::triggered, this, Protetto([this] { mnuTrova_Click(); }));
     connect(mnuElenco, &QAction::triggered, this, Protetto([this] { mnuElenco_Click(); }));
     connect(mnuClipBoard, &QAction::triggered, this, Protetto([this] { mnuClipBoard_Click(); }));
@@ -184,11 +193,11 @@ void frmRecord::Image1_Click(Immagine& immagine) {
     immagine.setProperty("Tag", percorso);
 }
 
-// A picture that cannot be loaded is reported once per opening of the window, not at every
-// activation: the same path is not read again until the window is built anew.
+// The picture first, then the colours. A picture that cannot be loaded is reported once per opening
+// of the window, not at every activation, and the colours are applied all the same.
 void frmRecord::Form_Activate() {
-    ApplicaColori(*this, CurrTabella);
     EseguiProtetto([this] { CaricaSfondo(); });
+    ApplicaColori(*this, CurrTabella);
 }
 
 void frmRecord::CaricaSfondo() {
@@ -372,6 +381,28 @@ void frmRecord::Successivo() {
 void frmRecord::Vai(qint32 numero) {
     RecordCorrente = numero;
     CaricaRecord(*this, RecordCorrente, CurrTabella);
+}
+
+// Record moves on the keys a reader expects, in browse only. A memo or list with the focus keeps
+// all four, scrolling or not: the same keys move inside it while editing.
+void frmRecord::keyPressEvent(QKeyEvent* evento) {
+    if (qobject_cast<QAbstractScrollArea*>(focusWidget())) {
+        FinestraControlli::keyPressEvent(evento);
+        return;
+    }
+    static const QList<std::pair<QKeySequence::StandardKey, QString>> spostamenti{
+        {QKeySequence::MoveToStartOfDocument, QStringLiteral("first")},
+        {QKeySequence::MoveToPreviousPage, QStringLiteral("prev")},
+        {QKeySequence::MoveToNextPage, QStringLiteral("next")},
+        {QKeySequence::MoveToEndOfDocument, QStringLiteral("last")}};
+    for (const auto& [tasti, chiave] : spostamenti) {
+        if (!evento->matches(tasti))
+            continue;
+        if (!NuovoRecord && !ModificaRecord)
+            EseguiProtetto([this, &chiave] { Toolbar1_ButtonClick(chiave); });
+        return;
+    }
+    FinestraControlli::keyPressEvent(evento);
 }
 
 QSize frmRecord::sizeHint() const {

@@ -68,6 +68,7 @@ protected:
     void Form_Load() override;
     void ElementoCaricato(QWidget& elemento) override;
     bool event(QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
 

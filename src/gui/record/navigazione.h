@@ -16,7 +16,8 @@ void PulisciControlli(FinestraControlli& finestra);
 bool ControllaRecord(FinestraControlli& finestra, qint32 idCollezione);
 // Stores what the window shows as a new record numbered after the last one.
 bool SalvaNuovoRecord(FinestraControlli& finestra, qint32 idCollezione);
-// Writes what the window shows over record n; a failure is shown and answers false.
+// Writes what the window shows over record n; a failure, or a record n that no longer exists, is
+// shown and answers false.
 bool SalvaRecord(FinestraControlli& finestra, qint32 idCollezione, qint32 n);
 // Deletes record n and renumbers the collection's later records down by one.
 void EliminaRecord(qint32 idCollezione, qint32 n);

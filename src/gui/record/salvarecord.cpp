@@ -83,6 +83,13 @@ bool SalvaNuovoRecord(FinestraControlli& finestra, qint32 idCollezione) {
 }
 
 bool SalvaRecord(FinestraControlli& finestra, qint32 idCollezione, qint32 n) {
+    // A record deleted while shown has no row left to write: say so, instead of writing nothing.
+    if (n < 1 || n > ContaRecord(idCollezione)) {
+        MsgBox(QStringLiteral("Il record ") + QString::number(n) +
+                   QStringLiteral(" non esiste più: le modifiche non sono state salvate."),
+               Pulsanti::Ok, Icona::Esclamativa);
+        return false;
+    }
     try {
         Transazione transazione(Database());
         for (const QWidget* controllo : finestra.ControlliCampo()) {

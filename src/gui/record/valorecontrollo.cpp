@@ -1,5 +1,6 @@
 #include "valorecontrollo.h"
 
+#include "casellatesto.h"
 #include "cursore.h"
 #include "immagine.h"
 #include "numeri.h"
@@ -109,10 +110,6 @@ bool CasellaDiTesto(const QWidget& controllo) {
 
 namespace {
 
-// The value last put into a text box, and what the box showed for it.
-constexpr char ValoreMostrato[] = "orvixValoreMostrato";
-constexpr char TestoMostrato[] = "orvixTestoMostrato";
-
 // A line break typed in a memo is stored as CR LF, the form every file the program writes uses.
 QString TestoVisibile(const QWidget& casella) {
     if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&casella)) {
@@ -129,15 +126,16 @@ QString TestoCasella(const QWidget& casella) {
     const QString visibile = TestoVisibile(casella);
     // A memo shows any line break as its own; a value the user left alone is saved exactly as it
     // was loaded, whatever its line breaks were.
-    if (visibile == casella.property(TestoMostrato).toString())
-        return casella.property(ValoreMostrato).toString();
+    const MemoriaCasella* memoria = MemoriaDi(casella);
+    if (memoria && visibile == memoria->testoMostrato)
+        return memoria->valoreMostrato;
     return visibile;
 }
 
 void ImpostaTestoCasella(QWidget& casella, const QString& testo) {
     const QString visibile = TestoVisibile(casella);
-    const bool intatto = visibile == casella.property(TestoMostrato).toString();
-    if (intatto && casella.property(ValoreMostrato).toString() == testo)
+    MemoriaCasella* memoria = MemoriaDi(casella);
+    if (memoria && visibile == memoria->testoMostrato && memoria->valoreMostrato == testo)
         return; // records are shown many times over while browsing: a box already showing it is left alone
     if (visibile != testo) {
         if (auto* memo = qobject_cast<QPlainTextEdit*>(&casella))
@@ -147,6 +145,8 @@ void ImpostaTestoCasella(QWidget& casella, const QString& testo) {
     }
     if (auto* riga = qobject_cast<QLineEdit*>(&casella))
         riga->setCursorPosition(0); // a long value is read from its start
-    casella.setProperty(ValoreMostrato, testo);
-    casella.setProperty(TestoMostrato, TestoVisibile(casella));
+    if (memoria) {
+        memoria->valoreMostrato = testo;
+        memoria->testoMostrato = TestoVisibile(casella);
+    }
 }

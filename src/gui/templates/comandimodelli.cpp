@@ -10,6 +10,7 @@
 #include <QListWidget>
 
 void EsportaModello(QWidget* proprietario, qint32 idCollezione) {
+    RichiediDatabase();
     // The dialog's own overwrite question is the only confirmation.
     const QString file =
         DialogoFile(proprietario, 0, QStringLiteral("Esporta Modello..."), QString(),
@@ -23,6 +24,7 @@ void EsportaModello(QWidget* proprietario, qint32 idCollezione) {
 }
 
 void NuovaCollezioneDaModello(QWidget* proprietario, QListWidget& collezioni) {
+    RichiediDatabase();
     frmModelli& galleria = CaricaFrmModelli(proprietario);
     MostraModale(galleria);
     if (galleria.FileModelloDaImportare.isEmpty())

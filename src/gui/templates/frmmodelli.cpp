@@ -70,6 +70,7 @@ void frmModelli::CreaControlli() {
     Lv1->setMovement(QListView::Static);
     Lv1->setResizeMode(QListView::Adjust);
     Lv1->setWordWrap(true);
+    Lv1->setTextElideMode(Qt::ElideMiddle); // a long file name keeps its start and its extension
     Lv1->setSelectionMode(QAbstractItemView::SingleSelection);
     lblDescrizione = new QLabel(Suggerimento);
     lblDescrizione->setObjectName(QStringLiteral("lblDescrizione"));
@@ -118,10 +119,10 @@ void frmModelli::CaricaElenco() {
 
 void frmModelli::AggiungiVoce(const QString& testo, const QString& percorso, bool conIcona) {
     auto* voce = new QListWidgetItem(testo, Lv1);
-    if (conIcona)
-        voce->setIcon(IconaModello());
+    voce->setIcon(conIcona ? IconaModello() : IconaVuota());
     voce->setData(Qt::UserRole, percorso);
-    voce->setToolTip(percorso);
+    // A caption too long for its cell is cut: the tip shows it whole, with the file it comes from.
+    voce->setToolTip(testo + QLatin1Char('\n') + percorso);
 }
 
 QListWidgetItem* frmModelli::Selezionato() const {

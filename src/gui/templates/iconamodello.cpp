@@ -57,6 +57,12 @@ void DisegnaStella(QPainter& pittore) {
 
 } // namespace
 
+QIcon IconaVuota() {
+    QPixmap figura(static_cast<int>(Lato), static_cast<int>(Lato));
+    figura.fill(Qt::transparent);
+    return QIcon(figura);
+}
+
 QIcon IconaModello() {
     QPixmap figura(static_cast<int>(Lato), static_cast<int>(Lato));
     figura.fill(Qt::transparent);

@@ -3,6 +3,7 @@
 #include "interazionescriptata.h"
 #include "letture.h"
 
+#include "archivio.h"
 #include "form1.h"
 #include "grigliaproprieta.h"
 #include "listecontrolli.h"
@@ -101,6 +102,27 @@ private Q_SLOTS:
         f.form.mnuEsporta->trigger();
         VERIFICA_SCRIPT(f.script);
         QCOMPARE(Contenuto(file), QByteArray("Titolo\r\nPerch\xe9\r\n"));
+    }
+
+    // With no store open (a failed restore leaves the program so), every command that would ask
+    // something first says so before asking: no name, file, type or confirmation is typed in vain.
+    void withoutAStoreNothingIsAskedFirst() {
+        ArchivioTemporaneo archivio;
+        AggiungiCampo(CreaCollezione(QStringLiteral("Dischi"), QString()), {{"nome", "Titolo"}});
+        Finestra f;
+        f.form.List2->setCurrentRow(0);
+        ChiudiDatabase();
+        const QList<QAction*> comandi{f.form.mnuNewCollection,  f.form.mnuNuovaColleazioneDaModello,
+                                      f.form.mnuEsportaModello, f.form.mnuRinominaCollezione,
+                                      f.form.mnuDelCollection,  f.form.mnuEsporta,
+                                      f.form.mnuNewCampo,       f.form.mnuElliminaCampo};
+        for (QAction* comando : comandi) {
+            f.script.Rispondi(Risposta::Ok);
+            comando->trigger();
+        }
+        VERIFICA_SCRIPT(f.script);
+        QCOMPARE(f.script.TestiMessaggi(),
+                 QStringList(comandi.size(), QStringLiteral("Il database non è aperto")));
     }
 };
 

@@ -1,7 +1,10 @@
 #include "archiviotemporaneo.h"
 #include "interazionescriptata.h"
 
+#include "archivio.h"
+#include "erroredatabase.h"
 #include "frmproprietacontrollo.h"
+#include "numeri.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -73,8 +76,9 @@ private Q_SLOTS:
     // here, before the store would refuse it and lose what was typed.
     void numericRowsTakeWholeNumbersFrom0To32767() {
         const QStringList accettate{"Left=0", "Width= 32767 "};
-        for (const QString& riga : accettate + QStringList{"Width=1,5", "Width=99999999999999999999",
-                                                           "Top=-1", "Tabindex=32768", "Left="}) {
+        for (const QString& riga :
+             accettate + QStringList{"Width=1,5", "Width=99999999999999999999", "Top=-1", "Tabindex=32768",
+                                     "Left=", "Width=12\t", "Height=\n40"}) {
             const QString proprieta = riga.section('=', 0, 0), valore = riga.section('=', 1);
             const bool accettato = accettate.contains(riga);
             frmProprietaControllo dialogo("slider", {});
@@ -85,6 +89,22 @@ private Q_SLOTS:
             VERIFICA_SCRIPT(script);
             QCOMPARE(dialogo.Confermato, accettato);
             QCOMPARE(Valore(dialogo, proprieta), valore);
+        }
+    }
+
+    // The dialog and the store hold sizes to one rule, blanks included: a text the dialog lets through
+    // is one the store takes, and a text it refuses is one the store would refuse.
+    void sizeRuleIsTheStoresRule() {
+        ArchivioTemporaneo archivio;
+        for (const QString& testo : QStringList{"12\t", "\n12", "12\r\n", " 12  ", "\u00A012", "0032767",
+                                                "032768", "1 2", "", "   ", "+1", "12.", "\t"}) {
+            bool memorizzata = true;
+            try {
+                Database().Esegui("insert into campi (width) values ('" + testo + "')");
+            } catch (const ErroreDatabase&) {
+                memorizzata = false;
+            }
+            QVERIFY2(MisuraAmmessa(testo) == memorizzata, testo.toUtf8().toHex().constData());
         }
     }
 };

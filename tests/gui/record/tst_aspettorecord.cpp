@@ -129,6 +129,21 @@ private Q_SLOTS:
         QCOMPARE(GetSetting(Sezione(m_dischi), "immaginesfondo", "assente"), QString());
     }
 
+    // On activation the background picture comes before the colours: while its failure is told, the
+    // window still has its own colour; the colour follows once the message is closed.
+    void sfondoPrimaDeiColori() {
+        SaveSetting(Sezione(m_dischi), "immaginesfondo", Percorso("persa.png"));
+        SaveSetting(Sezione(m_dischi), "coloresfondo", QString::number(0x00FF00));
+        InterazioneScriptata script;
+        bool colorataPrima = true;
+        script.Rispondi(Risposta::Ok, [&] { colorataPrima = F().autoFillBackground(); });
+        Apri(m_dischi);
+        VERIFICA_SCRIPT(script);
+        QVERIFY(script.TestiMessaggi().value(0).endsWith("persa.png\": il file non esiste."));
+        QVERIFY(!colorataPrima);
+        QCOMPARE(F().palette().color(QPalette::Window), QColor(0, 255, 0));
+    }
+
     // Only a record being edited takes a picture; cancelling keeps none; the path is stored, the file stays.
     void campoImmagine() {
         const QString figura = Figura("copertina.png", QColor(20, 90, 40));

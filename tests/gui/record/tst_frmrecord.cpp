@@ -8,11 +8,14 @@
 #include "interazionescriptata.h"
 #include "listecontrolli.h"
 #include "routinesql.h"
+#include "stampatesto.h"
 
 #include <QAction>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPrinter>
+#include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
 
@@ -66,6 +69,53 @@ private Q_SLOTS:
         QCOMPARE(script.TestiMessaggi().at(3), QString("vietato"));
         F().mnuEsci->trigger();
         QTRY_VERIFY(area.subWindowList().isEmpty());
+    }
+
+    // In browse, Ctrl+Home, PgUp, PgDn and Ctrl+End move like the toolbar from a text box; a memo keeps
+    // them, and so does editing. Ctrl+F and Ctrl+P are the File menu's, from anywhere in the window.
+    void tastiDelRecord() {
+        ArchivioTemporaneo archivio;
+        AreaMdi area(QSize(560, 420));
+        const qint32 dischi = CreaCollezione("Dischi", QString());
+        const qint32 titolo = AggiungiCampo(dischi, {{"nome", "Titolo"}});
+        AggiungiCampo(dischi, {{"nome", "Note"}, {"tipo", "memo"}, {"top", 60}});
+        for (int n = 1; n <= 4; ++n)
+            ScriviValore(titolo, n, "Disco " + QString::number(n));
+        ApriRecord(dischi, 1);
+        QVERIFY(QTest::qWaitForWindowExposed(&F()));
+        QWidget* testo = F().Controllo("Text1(1)");
+        QWidget* memo = F().Controllo("Memo1(1)");
+        testo->setFocus();
+        QList<qint32> visti;
+        for (const QKeyCombination tasti :
+             QList<QKeyCombination>{Qt::Key_PageDown, Qt::Key_PageDown, Qt::CTRL | Qt::Key_End,
+                                    Qt::Key_PageUp, Qt::CTRL | Qt::Key_Home}) {
+            QTest::keyClick(testo, tasti.key(), tasti.keyboardModifiers());
+            visti << F().RecordCorrente;
+        }
+        QCOMPARE(visti, (QList<qint32>{2, 3, 4, 3, 1}));
+        memo->setFocus();
+        QTest::keyClick(memo, Qt::Key_PageDown);
+        QTest::keyClick(memo, Qt::Key_End, Qt::ControlModifier);
+        testo->setFocus();
+        F().Toolbar1_ButtonClick("edit");
+        QTest::keyClick(testo, Qt::Key_PageDown);
+        QCOMPARE(QString::number(F().RecordCorrente) + F().windowTitle(), QString("1Record N. 1"));
+        F().Toolbar1_ButtonClick("no");
+
+        QCOMPARE(F().mnuTrova->shortcut(), QKeySequence(QKeySequence::Find));
+        QCOMPARE(F().mnuStampa->shortcut(), QKeySequence(QKeySequence::Print));
+        const QString pdf = QDir(archivio.Cartella()).filePath("record.pdf");
+        ImpostaStampantePredefinita([pdf](QPrinter& stampante) {
+            stampante.setOutputFormat(QPrinter::PdfFormat);
+            stampante.setOutputFileName(pdf);
+        });
+        QTest::keyClick(memo, Qt::Key_P, Qt::ControlModifier);
+        ImpostaStampantePredefinita({});
+        QVERIFY(QFile::exists(pdf));
+        QSignalSpy trova(F().mnuTrova, &QAction::triggered);
+        QTest::keyClick(testo, Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(trova.size(), 1);
     }
 };
 

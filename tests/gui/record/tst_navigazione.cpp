@@ -103,6 +103,25 @@ private Q_SLOTS:
         QVERIFY(F().ModificaRecord);
     }
 
+    // The last record deleted, the window stays on its number: an edit there is refused with a message,
+    // the typed text stays on screen and editing goes on; nothing is written.
+    void modificaDiUnRecordEliminato() {
+        Dischi(2);
+        ApriRecord(m_id, 2);
+        InterazioneScriptata script;
+        script.Rispondi(Risposta::Si).Rispondi(Risposta::Ok);
+        Premi("del");
+        Premi("edit");
+        Titolo().setText("Da non perdere");
+        Premi("ok");
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(Descrivi(script.Richieste().at(1).messaggio),
+                 QString("Il record 2 non esiste più: le modifiche non sono state salvate. | Orvix | 31"));
+        QVERIFY(F().ModificaRecord);
+        QCOMPARE(Dove(), QString("2|Record N. 2|Da non perdere"));
+        QCOMPARE(Titoli(), QStringList{"1=Disco 1"});
+    }
+
     // A missing required value is refused, nothing stored; defaults are stored.
     void predefinitiEObbligatori() {
         const qint32 prezzo =

@@ -155,6 +155,24 @@ private Q_SLOTS:
         QCOMPARE(Righe(CaricaModello(file).value().nome), Righe("Due").replaceInStrings("|False|", "|0|"));
     }
 
+    // Annulla drops the template clicked before it: nothing is created, then or at the next OK.
+    void annulla_dimentica_la_scelta() {
+        QDir().mkpath(CartellaModelli());
+        Crea(InModelli("Libri.wzd"), {"[tabella]", "nome=Libri", "[campi]", "nome1=Titolo", "n=1"});
+        InterazioneScriptata script;
+        Galleria(script.Modale([](QDialog& dialogo) {
+            auto& galleria = static_cast<frmModelli&>(dialogo);
+            Clic(galleria, 0);
+            QVERIFY(!galleria.FileModelloDaImportare.isEmpty());
+            galleria.CancelButton->click();
+        }));
+        Galleria(
+            script.Modale([](QDialog& dialogo) { static_cast<frmModelli&>(dialogo).OKButton->click(); }));
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(Collezioni().count(), 0);
+        QCOMPARE(RigheSql(u"select count(*) from collezioni"_s), QStringList{"0"});
+    }
+
     // Numbers read with either decimal mark, half to even, leading digits only; n, rounded, says how many
     // fields are read, present or not.
     void lettura_dei_numeri_e_di_n() {
@@ -177,16 +195,35 @@ private Q_SLOTS:
         QCOMPARE(CaricaModello(m_altrove.filePath("m.wzd"))->nome, u"LIBRI1"_s);
     }
 
-    // A value the store refuses stops the whole creation: no collection and no field.
+    // A value the store refuses stops the whole creation: no collection and no field. The message names
+    // the template and the field, and a number too large even for 32 bits is told as out of range.
     void modello_rifiutato() {
         CreaCollezione("Esistente", QString());
         const QString file = m_altrove.filePath("rotto.wzd");
-        for (const QStringList& righe :
-             {QStringList{"[tabella]", "nome=Rotto", "[campi]", "nome1=A", "nome2=B", "left2=40000", "n=2"},
-              QStringList{"[tabella]", "nome=x' or 'a'<>'", "[campi]", "n=0"}}) {
-            Crea(file, righe);
-            QVERIFY_THROWS_EXCEPTION(std::runtime_error, CaricaModello(file));
+        const QString campo = u"Il Modello \"rotto.wzd\" non è valido: il campo "_s;
+        for (
+            const auto& [campi, atteso] : std::initializer_list<std::pair<QStringList, QString>>{
+                {{"nome1=A", "nome2=B", "left2=40000", "n=2"},
+                 campo +
+                     u"2 (\"B\") ha un valore non ammesso: left deve essere un numero intero da 0 a 32767."_s},
+                {{"nome1=A", "width1=99999999999", "n=1"},
+                 campo +
+                     u"1 (\"A\") ha un valore non ammesso: width (99999999999) è fuori dall'intervallo ammesso."_s},
+                {{"n=99999999999"},
+                 u"Il numero dei campi del Modello (99999999999) è fuori dall'intervallo ammesso."_s},
+                {{"n=40000"},
+                 u"Il numero dei campi del Modello (40000) è fuori dall'intervallo ammesso."_s}}) {
+            Crea(file, QStringList{"[tabella]", "nome=Rotto", "[campi]"} + campi);
+            QString detto;
+            try {
+                CaricaModello(file);
+            } catch (const std::runtime_error& errore) {
+                detto = QString::fromLocal8Bit(errore.what());
+            }
+            QCOMPARE(detto, atteso);
         }
+        Crea(file, {"[tabella]", "nome=x' or 'a'<>'", "[campi]", "n=0"});
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, CaricaModello(file));
         QCOMPARE(RigheSql(u"select nome from collezioni"_s), QStringList{"Esistente"});
         QCOMPARE(RigheSql(u"select count(*) from campi"_s), QStringList{"0"});
     }
