@@ -11,20 +11,15 @@
 #include "rigadicomando.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QListWidget>
 #include <QLockFile>
-#include <QStandardPaths>
 #include <cstdio>
 #include <exception>
 #include <memory>
 
 bool PrimaIstanza() {
-    QString cartella = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (cartella.isEmpty())
-        cartella = QDir::tempPath();
     static std::unique_ptr<QLockFile> blocco;
-    blocco = std::make_unique<QLockFile>(cartella + QStringLiteral("/orvix.lock"));
+    blocco = std::make_unique<QLockFile>(Programma::FileIstanza());
     blocco->setStaleLockTime(0);
     return blocco->tryLock(0);
 }
