@@ -111,6 +111,25 @@ private Q_SLOTS:
         QCOMPARE(BlocchiArchivio(archivio.PercorsoArchivio()), blocchi);
     }
 
+    // A file the program holds, chosen to be opened, is refused before any command reads it; one chosen to
+    // be saved is left to the routine that writes it.
+    void openDialogRefusesTheStore() {
+        ArchivioTemporaneo archivio;
+        const QString indice = archivio.PercorsoArchivio() + "-shm";
+        InterazioneScriptata script;
+        script.File(indice).Rispondi(Risposta::Ok).File(indice);
+        ImpostaInterazione(&script);
+        const QString aperto = DialogoFile(nullptr, 1, "Apri", {}, {}, archivio.Cartella(), {});
+        const QString salvato = DialogoFile(nullptr, 2, "Salva", {}, {}, archivio.Cartella(), {});
+        ImpostaInterazione(nullptr);
+        QVERIFY(aperto.isEmpty());
+        QCOMPARE(salvato, indice);
+        QCOMPARE(Descrivi(script.Richieste().at(1).messaggio),
+                 "Non è possibile leggere " + indice +
+                     ": è un file dell'archivio delle collezioni in uso. | Orvix | 31");
+        VERIFICA_SCRIPT(script);
+    }
+
     // The printer set-up names its PDF file in a field that completes from the home folder, and browses
     // for it with the program's own dialog: neither opens the files it lists.
     void printerDialogLeavesTheStoreLocked() {
