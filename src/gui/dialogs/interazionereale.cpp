@@ -1,5 +1,6 @@
 #include "interazionereale.h"
 
+#include "confine.h"
 #include "fileinuso.h"
 #include "iconepernome.h"
 
@@ -87,6 +88,31 @@ void CentraSullaFinestra(QDialog& finestra) {
     finestra.move(posto.topLeft()); // a dialog is a top-level window: global coordinates
 }
 
+// The print dialog's browse button: a PDF beside the name shown, asked through the program's own
+// file dialog; a file the program holds is refused. The PDF entry of the printer list comes last.
+void SfogliaPdf(QDialog& dialogo, QLineEdit& nome, QComboBox& stampanti) {
+    const QFileInfo attuale(nome.text());
+    RichiestaFile richiesta;
+    richiesta.proprietario = &dialogo;
+    richiesta.apertura = false;
+    richiesta.chiediSovrascrittura = false; // the print dialog asks when it is confirmed
+    richiesta.titolo = QStringLiteral("Stampa su file...");
+    richiesta.nomeFile = attuale.fileName();
+    richiesta.filtri = {{QStringLiteral("File PDF"), QStringLiteral("*.pdf")},
+                        {QStringLiteral("Tutti i files"), QStringLiteral("*.*")}};
+    richiesta.cartellaIniziale = attuale.absolutePath();
+    richiesta.estensione = QStringLiteral("pdf");
+    const QString scelto = interazione().SceltaFile(richiesta);
+    if (scelto.isEmpty())
+        return;
+    if (const QString rifiuto = RifiutoFileInUso(scelto, UsoFile::Scrittura); !rifiuto.isEmpty()) {
+        ::MsgBox(rifiuto, Pulsanti::Ok, Icona::Esclamativa);
+        return;
+    }
+    nome.setText(scelto);
+    stampanti.setCurrentIndex(stampanti.count() - 1);
+}
+
 // The PDF file the print dialog writes is chosen with the program's own file dialog. The dialog's
 // own browser and the completer of its name field would list files by opening them, and a typed name
 // would be opened by the dialog's check before the program could refuse it.
@@ -101,28 +127,8 @@ void SceltaFileStampa(QPrintDialog& dialogo, IconePerNome& icone) {
     nome->setCompleter(nullptr);
     nome->setReadOnly(true);
     QObject::disconnect(sfoglia, &QAbstractButton::clicked, nullptr, nullptr);
-    QObject::connect(sfoglia, &QAbstractButton::clicked, &dialogo, [&dialogo, nome, stampanti] {
-        const QFileInfo attuale(nome->text());
-        RichiestaFile richiesta;
-        richiesta.proprietario = &dialogo;
-        richiesta.apertura = false;
-        richiesta.chiediSovrascrittura = false; // the print dialog asks when it is confirmed
-        richiesta.titolo = QStringLiteral("Stampa su file...");
-        richiesta.nomeFile = attuale.fileName();
-        richiesta.filtri = {{QStringLiteral("File PDF"), QStringLiteral("*.pdf")},
-                            {QStringLiteral("Tutti i files"), QStringLiteral("*.*")}};
-        richiesta.cartellaIniziale = attuale.absolutePath();
-        richiesta.estensione = QStringLiteral("pdf");
-        const QString scelto = interazione().SceltaFile(richiesta);
-        if (scelto.isEmpty())
-            return;
-        if (const QString rifiuto = RifiutoFileInUso(scelto, UsoFile::Scrittura); !rifiuto.isEmpty()) {
-            ::MsgBox(rifiuto, Pulsanti::Ok, Icona::Esclamativa);
-            return;
-        }
-        nome->setText(scelto);
-        stampanti->setCurrentIndex(stampanti->count() - 1); // "Print to File (PDF)" comes last
-    });
+    QObject::connect(sfoglia, &QAbstractButton::clicked, &dialogo,
+                     Protetto([&dialogo, nome, stampanti] { SfogliaPdf(dialogo, *nome, *stampanti); }));
 }
 
 } // namespace
