@@ -2,15 +2,11 @@
 
 #include "connessione.h"
 #include "copiafile.h"
-#include "erroredatabase.h"
-#include "filearchivio.h"
+#include "fileinuso.h"
 
 void CopiaBackup(Connessione& archivio, const QString& destinazione) {
     const QString percorso = archivio.Percorso();
-    for (const QString& proprio : FileDellArchivio(percorso))
-        if (StessoFile(destinazione, proprio))
-            throw ErroreDatabase(QStringLiteral("Il backup non può essere scritto sull'archivio stesso: ") +
-                                 destinazione);
+    VerificaFileLibero(destinazione, UsoFile::Scrittura);
     archivio.CompletaFile();
     CopiaFile(percorso, destinazione);
 }

@@ -3,7 +3,6 @@
 #include "erroredatabase.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QSaveFile>
 
 namespace {
@@ -32,12 +31,4 @@ void CopiaFile(const QString& sorgente, const QString& destinazione) {
     }
     if (!copia.commit())
         Fallita(destinazione, copia.errorString());
-}
-
-bool StessoFile(const QString& primo, const QString& secondo) {
-    const QFileInfo uno(primo);
-    const QFileInfo due(secondo);
-    if (uno.exists() && due.exists())
-        return uno.canonicalFilePath() == due.canonicalFilePath();
-    return uno.absoluteFilePath() == due.absoluteFilePath();
 }

@@ -5,6 +5,3 @@
 // Copies a file byte for byte, replacing the destination only once the whole copy is written: a
 // failed copy leaves an existing destination as it was. Throws with the reason on failure.
 void CopiaFile(const QString& sorgente, const QString& destinazione);
-
-// The same file, by whatever path it is named.
-bool StessoFile(const QString& primo, const QString& secondo);

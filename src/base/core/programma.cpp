@@ -1,5 +1,8 @@
 #include "programma.h"
 
+#include <QDir>
+#include <QStandardPaths>
+
 namespace Programma {
 
 QString Titolo() {
@@ -24,6 +27,13 @@ QString PasswordArchivio() {
 }
 QString NomeArchivio() {
     return QStringLiteral("personalizza.orx");
+}
+
+QString FileIstanza() {
+    QString cartella = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (cartella.isEmpty())
+        cartella = QDir::tempPath();
+    return cartella + QStringLiteral("/orvix.lock");
 }
 
 } // namespace Programma

@@ -13,4 +13,6 @@ QString Versione();
 // The key of the collection store, a constant of the program.
 QString PasswordArchivio();
 QString NomeArchivio();
+// The lock that keeps a second instance from starting, in the user's runtime folder.
+QString FileIstanza();
 } // namespace Programma

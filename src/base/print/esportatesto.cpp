@@ -2,6 +2,7 @@
 
 #include "archivio.h"
 #include "cp1252.h"
+#include "fileinuso.h"
 #include "testorecord.h"
 
 #include <QDir>
@@ -123,6 +124,7 @@ void Scrivi(qint32 idCollezione, const QString& file, bool utf8) {
 // Windows-1252, the code page of the interface; a collection holding a character that code page
 // lacks is written in UTF-8 instead, so no character is lost.
 void EsportaTesto(qint32 idCollezione, const QString& file) {
+    VerificaFileLibero(file, UsoFile::Scrittura);
     try {
         Scrivi(idCollezione, file, false);
     } catch (const CarattereFuoriCodifica&) {

@@ -1,6 +1,7 @@
 #include "salvamodello.h"
 
 #include "archivio.h"
+#include "fileinuso.h"
 #include "fileprofilo.h"
 #include "formatomodello.h"
 #include "numeri.h"
@@ -29,6 +30,9 @@ QString Scritto(const FileProfilo& profilo, const QString& file, const QString& 
 
 QString SalvaModello(qint32 idCollezione, const QString& file) {
     using namespace FormatoModello;
+    // Checked before the file is read: a profile file is read whole before it is written.
+    if (const QString rifiuto = RifiutoFileInUso(file, UsoFile::Scrittura); !rifiuto.isEmpty())
+        return rifiuto;
     const QString id = QString::number(idCollezione);
     Recordset collezione =
         Database().ApriRecordset(QStringLiteral("select * from collezioni where id=") + id);

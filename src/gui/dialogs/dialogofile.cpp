@@ -1,5 +1,6 @@
 #include "dialogofile.h"
 
+#include "fileinuso.h"
 #include "interazione.h"
 
 #include <QStringList>
@@ -27,5 +28,14 @@ QString DialogoFile(QWidget* proprietario, int modo, const QString& titolo, cons
     richiesta.cartellaIniziale = cartellaIniziale;
     richiesta.estensione = estensione;
     const QString scelto = interazione().SceltaFile(richiesta);
-    return scelto.left(scelto.indexOf(QChar(u'\0')));
+    const QString percorso = scelto.left(scelto.indexOf(QChar(u'\0')));
+    // Whatever command asked, it would read the file through a descriptor of its own. A file to be
+    // written is refused by the routine that writes it.
+    if (richiesta.apertura) {
+        if (const QString rifiuto = RifiutoFileInUso(percorso, UsoFile::Lettura); !rifiuto.isEmpty()) {
+            MsgBox(rifiuto, Pulsanti::Ok, Icona::Esclamativa);
+            return {};
+        }
+    }
+    return percorso;
 }

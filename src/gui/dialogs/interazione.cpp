@@ -1,7 +1,10 @@
 #include "interazione.h"
 
+#include "fileinuso.h"
 #include "interazionereale.h"
 #include "programma.h"
+
+#include <QPrinter>
 
 namespace {
 
@@ -46,6 +49,16 @@ std::optional<QColor> SceltaColore(const QColor& iniziale) {
     return interazione().SceltaColore(iniziale);
 }
 
+// A PDF named after a file the program holds would be written over it: the choice is undone.
 bool ImpostaStampante(QPrinter& stampante) {
-    return interazione().ImpostaStampante(stampante);
+    if (!interazione().ImpostaStampante(stampante))
+        return false;
+    if (stampante.outputFormat() != QPrinter::PdfFormat)
+        return true;
+    const QString rifiuto = RifiutoFileInUso(stampante.outputFileName(), UsoFile::Scrittura);
+    if (rifiuto.isEmpty())
+        return true;
+    stampante.setOutputFileName({});
+    MsgBox(rifiuto, Pulsanti::Ok, Icona::Esclamativa);
+    return false;
 }

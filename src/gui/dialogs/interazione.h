@@ -25,7 +25,8 @@ struct Messaggio {
 // An open or save file dialog as the program asks for it.
 struct RichiestaFile {
     QWidget* proprietario = nullptr;
-    bool apertura = true; // false: a save dialog, which asks before overwriting
+    bool apertura = true;             // false: a save dialog, which asks before overwriting
+    bool chiediSovrascrittura = true; // false when the caller asks itself
     QString titolo;
     QString nomeFile;
     QList<QPair<QString, QString>> filtri; // caption, pattern; the first is preselected

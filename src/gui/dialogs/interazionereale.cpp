@@ -1,10 +1,16 @@
 #include "interazionereale.h"
 
+#include "confine.h"
+#include "fileinuso.h"
+#include "iconepernome.h"
+
 #include <QApplication>
 #include <QColorDialog>
+#include <QComboBox>
 #include <QDesktopServices>
 #include <QDialog>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -82,6 +88,49 @@ void CentraSullaFinestra(QDialog& finestra) {
     finestra.move(posto.topLeft()); // a dialog is a top-level window: global coordinates
 }
 
+// The print dialog's browse button: a PDF beside the name shown, asked through the program's own
+// file dialog; a file the program holds is refused. The PDF entry of the printer list comes last.
+void SfogliaPdf(QDialog& dialogo, QLineEdit& nome, QComboBox& stampanti) {
+    const QFileInfo attuale(nome.text());
+    RichiestaFile richiesta;
+    richiesta.proprietario = &dialogo;
+    richiesta.apertura = false;
+    richiesta.chiediSovrascrittura = false; // the print dialog asks when it is confirmed
+    richiesta.titolo = QStringLiteral("Stampa su file...");
+    richiesta.nomeFile = attuale.fileName();
+    richiesta.filtri = {{QStringLiteral("File PDF"), QStringLiteral("*.pdf")},
+                        {QStringLiteral("Tutti i files"), QStringLiteral("*.*")}};
+    richiesta.cartellaIniziale = attuale.absolutePath();
+    richiesta.estensione = QStringLiteral("pdf");
+    const QString scelto = interazione().SceltaFile(richiesta);
+    if (scelto.isEmpty())
+        return;
+    if (const QString rifiuto = RifiutoFileInUso(scelto, UsoFile::Scrittura); !rifiuto.isEmpty()) {
+        ::MsgBox(rifiuto, Pulsanti::Ok, Icona::Esclamativa);
+        return;
+    }
+    nome.setText(scelto);
+    stampanti.setCurrentIndex(stampanti.count() - 1);
+}
+
+// The PDF file the print dialog writes is chosen with the program's own file dialog. The dialog's
+// own browser and the completer of its name field would list files by opening them, and a typed name
+// would be opened by the dialog's check before the program could refuse it.
+void SceltaFileStampa(QPrintDialog& dialogo, IconePerNome& icone) {
+    for (QFileSystemModel* modello : dialogo.findChildren<QFileSystemModel*>())
+        modello->setIconProvider(&icone);
+    auto* nome = dialogo.findChild<QLineEdit*>(QStringLiteral("filename"));
+    auto* sfoglia = dialogo.findChild<QAbstractButton*>(QStringLiteral("fileBrowser"));
+    auto* stampanti = dialogo.findChild<QComboBox*>(QStringLiteral("printers"));
+    if (!nome || !sfoglia || !stampanti)
+        return;
+    nome->setCompleter(nullptr);
+    nome->setReadOnly(true);
+    QObject::disconnect(sfoglia, &QAbstractButton::clicked, nullptr, nullptr);
+    QObject::connect(sfoglia, &QAbstractButton::clicked, &dialogo,
+                     Protetto([&dialogo, nome, stampanti] { SfogliaPdf(dialogo, *nome, *stampanti); }));
+}
+
 } // namespace
 
 Risposta InterazioneReale::MsgBox(const Messaggio& messaggio) {
@@ -127,7 +176,12 @@ bool InterazioneReale::ApriConShell(const QString& indirizzo) {
 
 QString InterazioneReale::SceltaFile(const RichiestaFile& richiesta) {
     QWidget* proprietario = richiesta.proprietario ? richiesta.proprietario : QApplication::activeWindow();
+    // Declared first, so it outlives the dialog's model, which asks it from a thread of its own.
+    IconePerNome icone;
     QFileDialog dialogo(proprietario, richiesta.titolo, richiesta.cartellaIniziale);
+    // A desktop's own dialog, inside this process, may read the files it lists; this one is told not to.
+    dialogo.setOption(QFileDialog::DontUseNativeDialog);
+    dialogo.setIconProvider(&icone);
     QStringList filtri;
     for (const auto& [didascalia, modello] : richiesta.filtri)
         filtri << didascalia + QStringLiteral(" (") + modello + QLatin1Char(')');
@@ -135,6 +189,7 @@ QString InterazioneReale::SceltaFile(const RichiestaFile& richiesta) {
     dialogo.setAcceptMode(richiesta.apertura ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialogo.setFileMode(richiesta.apertura ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialogo.setDefaultSuffix(richiesta.estensione);
+    dialogo.setOption(QFileDialog::DontConfirmOverwrite, !richiesta.chiediSovrascrittura);
     if (!richiesta.nomeFile.isEmpty())
         dialogo.selectFile(richiesta.nomeFile);
     if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
@@ -150,6 +205,8 @@ std::optional<QColor> InterazioneReale::SceltaColore(const QColor& iniziale) {
 }
 
 bool InterazioneReale::ImpostaStampante(QPrinter& stampante) {
+    IconePerNome icone;
     QPrintDialog dialogo(&stampante, QApplication::activeWindow());
+    SceltaFileStampa(dialogo, icone);
     return dialogo.exec() == QDialog::Accepted;
 }

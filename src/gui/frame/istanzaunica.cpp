@@ -1,23 +1,19 @@
 #include "istanzaunica.h"
 
+#include "programma.h"
+
 #include <QCoreApplication>
-#include <QDir>
+#include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
 #include <QPointer>
-#include <QStandardPaths>
 #include <memory>
 
 namespace {
 
 constexpr char Richiesta[] = "mostra\n";
 constexpr int Attesa = 2000;
-
-QString CartellaRuntime() {
-    const QString cartella = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    return cartella.isEmpty() ? QDir::tempPath() : cartella;
-}
 
 void ChiediDiMostrare(const QString& indirizzo) {
     QLocalSocket presa;
@@ -58,9 +54,9 @@ void Ascolta(const QString& indirizzo, std::function<void()> mostra) {
 } // namespace
 
 bool PrimaIstanza(std::function<void()> mostra) {
-    const QString cartella = CartellaRuntime();
+    const QString cartella = QFileInfo(Programma::FileIstanza()).absolutePath();
     static std::unique_ptr<QLockFile> blocco;
-    blocco = std::make_unique<QLockFile>(cartella + QStringLiteral("/orvix.lock"));
+    blocco = std::make_unique<QLockFile>(Programma::FileIstanza());
     blocco->setStaleLockTime(0);
     const QString indirizzo = cartella + QStringLiteral("/orvix.presa");
     if (!blocco->tryLock(0)) {

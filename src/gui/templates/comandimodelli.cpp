@@ -3,10 +3,12 @@
 #include "archivio.h"
 #include "caricamodello.h"
 #include "dialogofile.h"
+#include "finestre.h"
 #include "frmmodelli.h"
 #include "interazione.h"
 #include "salvamodello.h"
 
+#include <QDir>
 #include <QListWidget>
 
 void EsportaModello(QWidget* proprietario, qint32 idCollezione) {
@@ -19,7 +21,9 @@ void EsportaModello(QWidget* proprietario, qint32 idCollezione) {
     if (file.isEmpty())
         return;
     const QString esito = SalvaModello(idCollezione, file);
-    if (!esito.isEmpty())
+    if (esito.isEmpty())
+        MostraStato(QStringLiteral("Modello salvato in ") + QDir::toNativeSeparators(file));
+    else
         MsgBox(esito);
 }
 

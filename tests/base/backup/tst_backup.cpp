@@ -151,9 +151,13 @@ private Q_SLOTS:
         QCOMPARE(Attuale(), salvato);
         QCOMPARE(CopieRecupero().size(), 1);
         QCOMPARE(IstantaneaDelFile(AppPath() + CopieRecupero().at(0)), cambiato);
-        // The order of the steps would delete the chosen file before copying it; the restore reads it first.
-        Rimetti(Archivio());
+        // The store in use is not a backup to read: choosing it says so and changes nothing.
+        script.File(Archivio()).Rispondi(Risposta::Ok);
+        Restore(script);
+        QCOMPARE(script.TestiMessaggi().last(),
+                 "Non è possibile leggere " + Archivio() + ": è l'archivio delle collezioni in uso.");
         QCOMPARE(Attuale(), salvato);
+        QCOMPARE(CopieRecupero().size(), 1);
     }
 
     // A wrong file fails the restore: the program goes on with no open store and names the recovery copy.

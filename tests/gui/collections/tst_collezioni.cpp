@@ -1,4 +1,5 @@
 #include "archiviotemporaneo.h"
+#include "barradistato.h"
 #include "campiprova.h"
 #include "interazionescriptata.h"
 #include "letture.h"
@@ -7,6 +8,7 @@
 #include "form1.h"
 #include "grigliaproprieta.h"
 #include "listecontrolli.h"
+#include "programma.h"
 #include "routinesql.h"
 
 #include <QAction>
@@ -14,6 +16,7 @@
 #include <QDir>
 #include <QPushButton>
 #include <QtTest>
+#include <filesystem>
 
 namespace {
 
@@ -26,6 +29,20 @@ struct Finestra {
     Form1 form;
     InterazioneScriptata script;
 };
+
+// A file's bytes, or only the size of a shared index, which readers write to; "-" when it is not there.
+QByteArray Impronta(const QString& percorso) {
+    if (!QFile::exists(percorso))
+        return "-";
+    return percorso.endsWith("-shm") ? QByteArray::number(QFileInfo(percorso).size()) : Contenuto(percorso);
+}
+
+QByteArrayList FileArchivio(const QString& archivio) {
+    QByteArrayList impronte;
+    for (const char* suffisso : {"", "-wal", "-shm", "-journal"})
+        impronte << Impronta(archivio + suffisso);
+    return impronte;
+}
 
 } // namespace
 
@@ -99,9 +116,62 @@ private Q_SLOTS:
         f.script.File("").File(file);
         f.form.mnuEsporta->trigger();
         QVERIFY(!QFile::exists(file));
+        BarraDiStato barra;
         f.form.mnuEsporta->trigger();
         VERIFICA_SCRIPT(f.script);
         QCOMPARE(Contenuto(file), QByteArray("Titolo\r\nPerch\xe9\r\n"));
+        QCOMPARE(barra.testi, QStringList{"Collezione esportata in " + QDir::toNativeSeparators(file)});
+    }
+
+    // No command writes over the store, the files beside it or the program's lock, by whatever name the
+    // file is chosen: it says so before writing a byte, and the store opens again as it was.
+    void storeIsNeverAWriteTarget_data() {
+        QTest::addColumn<QString>("comando");
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("motivo");
+        const QString archivio("è l'archivio delle collezioni in uso.");
+        const QString accessorio("è un file dell'archivio delle collezioni in uso.");
+        const QList<std::pair<const char*, QString>> casi{
+            {"store", "personalizza.orx"},     {"log", "personalizza.orx-wal"},
+            {"index", "personalizza.orx-shm"}, {"journal", "personalizza.orx-journal"},
+            {"link", "collegamento"},          {"dotdot", "sotto/../personalizza.orx"},
+            {"hard link", "stesso"},           {"lock", ""}};
+        for (const char* comando : {"mnuEsporta", "mnuEsportaModello", "mnuBackup"})
+            for (const auto& [caso, nome] : casi) {
+                const QString motivo = nome.isEmpty() ? QString("è il file che impedisce di avviare il "
+                                                                "programma due volte.")
+                                       : nome.contains('-') ? accessorio
+                                                            : archivio;
+                QTest::addRow("%s %s", comando, caso) << QString::fromLatin1(comando) << nome << motivo;
+            }
+    }
+    void storeIsNeverAWriteTarget() {
+        QFETCH(QString, comando);
+        QFETCH(QString, nome);
+        QFETCH(QString, motivo);
+        ArchivioTemporaneo archivio;
+        ScriviValore(AggiungiCampo(CreaCollezione("Libri", QString()), {{"nome", "Titolo"}}), 1, "Perché");
+        const QDir cartella(archivio.Cartella());
+        QVERIFY(cartella.mkdir("sotto"));
+        QVERIFY(QFile::link(archivio.PercorsoArchivio(), cartella.filePath("collegamento")));
+        std::filesystem::create_hard_link(archivio.PercorsoArchivio().toStdString(),
+                                          cartella.filePath("stesso").toStdString());
+        const QString bersaglio = nome.isEmpty() ? Programma::FileIstanza() : cartella.filePath(nome);
+        const QByteArray prima = Impronta(bersaglio);
+        const QByteArrayList archivioPrima = FileArchivio(archivio.PercorsoArchivio());
+        Finestra f;
+        BarraDiStato barra;
+        f.script.File(bersaglio).Rispondi(Risposta::Ok);
+        f.form.findChild<QAction*>(comando)->trigger();
+        VERIFICA_SCRIPT(f.script);
+        QCOMPARE(f.script.TestiMessaggi(), QStringList{"Non è possibile scrivere su " +
+                                                       QDir::toNativeSeparators(bersaglio) + ": " + motivo});
+        QVERIFY(barra.testi.isEmpty());
+        QCOMPARE(FileArchivio(archivio.PercorsoArchivio()), archivioPrima);
+        QCOMPARE(Impronta(bersaglio), prima);
+        ChiudiDatabase();
+        ApriDatabase(archivio.Cartella());
+        QCOMPARE(RigheSql("select valore from valori"), QStringList{"Perché"});
     }
 
     // With no store open (a failed restore leaves the program so), every command that would ask

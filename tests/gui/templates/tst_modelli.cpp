@@ -1,4 +1,5 @@
 #include "archiviotemporaneo.h"
+#include "barradistato.h"
 #include "campiprova.h"
 #include "interazionescriptata.h"
 
@@ -102,10 +103,14 @@ private Q_SLOTS:
         CaricaCollezioniInLista(Collezioni());
         Seleziona("Libri");
         InterazioneScriptata script;
+        BarraDiStato barra;
         Esporta(script.File({}));
         Esporta(script.File(m_altrove.filePath("manca/m.wzd")).Rispondi(Risposta::Ok));
+        QVERIFY(barra.testi.isEmpty());
         Esporta(script.File(m_altrove.filePath("m.wzd")));
         VERIFICA_SCRIPT(script);
+        QCOMPARE(barra.testi,
+                 QStringList{"Modello salvato in " + QDir::toNativeSeparators(m_altrove.filePath("m.wzd"))});
         QCOMPARE(script.TestiMessaggi(), QStringList{"Impossibile scrivere il Modello nel file \"" +
                                                      m_altrove.filePath("manca/m.wzd") + "\"."});
         QVERIFY(!QFile::exists(m_altrove.filePath("manca")));
@@ -226,6 +231,23 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(std::runtime_error, CaricaModello(file));
         QCOMPARE(RigheSql(u"select nome from collezioni"_s), QStringList{"Esistente"});
         QCOMPARE(RigheSql(u"select count(*) from campi"_s), QStringList{"0"});
+    }
+
+    // The store chosen as a template to import is refused before a byte of it is read; nothing is copied.
+    void importare_l_archivio_e_rifiutato() {
+        const int prima = QDir(CartellaModelli()).entryList(QDir::Files).size();
+        InterazioneScriptata script;
+        script.Modale([](QDialog& dialogo) {
+            auto& galleria = static_cast<frmModelli&>(dialogo);
+            galleria.cmdImporta->click();
+            galleria.CancelButton->click();
+        });
+        Galleria(script.File(m_archivio->PercorsoArchivio()).Rispondi(Risposta::Ok));
+        VERIFICA_SCRIPT(script);
+        QCOMPARE(script.TestiMessaggi(),
+                 QStringList{"Non è possibile leggere " + m_archivio->PercorsoArchivio() +
+                             ": è l'archivio delle collezioni in uso."});
+        QCOMPARE(QDir(CartellaModelli()).entryList(QDir::Files).size(), prima);
     }
 
     // An import is copied into the folder under a free name and listed under the template's name; a
