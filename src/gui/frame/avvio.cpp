@@ -9,6 +9,7 @@
 #include "localeprogramma.h"
 #include "programma.h"
 #include "rigadicomando.h"
+#include "traduzioneqt.h"
 
 #include <QApplication>
 #include <QDir>
@@ -70,6 +71,7 @@ int Avvio(int argc, char** argv) {
     QApplication::setApplicationVersion(Programma::Versione());
     QApplication::setWindowIcon(IconaProgramma());
     ImpostaLocaleProgramma();
+    CaricaTraduzioneQt();
     if (!PrimaIstanza())
         return 0;
     try {
