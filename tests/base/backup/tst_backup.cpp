@@ -305,8 +305,8 @@ private Q_SLOTS:
         QVERIFY(sparizioni.Attiva());
         Rimetti(Altrove("copia.dat"));
         QCOMPARE(Attuale(), salvato);
-        QVERIFY2(!sparizioni.Nomi().contains(Programma::NomeArchivio()),
-                 qPrintable(sparizioni.Nomi().join(',')));
+        const QStringList sparite = sparizioni.Nomi();
+        QVERIFY2(!sparite.contains(Programma::NomeArchivio()), qPrintable(sparite.join(',')));
         QVERIFY(BlocchiPosix(Archivio()) > 0 && BlocchiPosix(Archivio() + "-shm") > 0);
     }
 };
