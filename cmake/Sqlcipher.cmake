@@ -14,7 +14,7 @@ if(ORVIX_SQLCIPHER_AMALGAMATION)
     target_compile_definitions(sqlcipher_amalgamation PUBLIC SQLITE_HAS_CODEC
         PRIVATE SQLCIPHER_CRYPTO_OPENSSL SQLITE_TEMP_STORE=2 SQLITE_THREADSAFE=1 SQLITE_OMIT_LOAD_EXTENSION)
     target_compile_options(sqlcipher_amalgamation PRIVATE -w)
-    set_target_properties(sqlcipher_amalgamation PROPERTIES LINKER_LANGUAGE C)
+    set_target_properties(sqlcipher_amalgamation PROPERTIES LINKER_LANGUAGE C AUTOMOC OFF)
     target_include_directories(sqlcipher_amalgamation PUBLIC ${intestazioni})
     target_link_libraries(sqlcipher_amalgamation PUBLIC OpenSSL::Crypto Threads::Threads ${CMAKE_DL_LIBS} m)
     target_link_libraries(orvix_sqlcipher INTERFACE sqlcipher_amalgamation)
