@@ -10,6 +10,10 @@ install(FILES packaging/org.example.orvix.desktop DESTINATION ${CMAKE_INSTALL_DA
 install(FILES packaging/org.example.orvix.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES packaging/org.example.orvix.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(DIRECTORY ${ORVIX_ICONE}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/orvix RENAME copyright)
+# Installing (and so cpack) builds nothing: the `orvix` target builds all that is installed, and the
+# tests and benchmark, which take far longer, are not needed for a package.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME orvix)
@@ -20,6 +24,8 @@ set(CPACK_PACKAGE_DESCRIPTION "Orvix catalogues personal collections (music, fil
 set(CPACK_PACKAGE_HOMEPAGE_URL "https://www.example.org/orvix")
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Qt's own Italian texts for its standard dialogs; the libraries found by shlibdeps are added to it.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-translations-l10n")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_STRIP_FILES ON)
 include(CPack)

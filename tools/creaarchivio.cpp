@@ -1,6 +1,7 @@
 // Makes the empty, keyed collection store that ships beside the program.
 // Usage: creaarchivio SCHEMA.sql OUTPUT.orx
 #include "confrontotesto.h"
+#include "formatocifratura.h"
 #include "programma.h"
 
 #include <QFile>
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
     const QByteArray chiave = Programma::PasswordArchivio().toUtf8();
     if (sqlite3_key(db, chiave.constData(), static_cast<int>(chiave.size())) != SQLITE_OK)
         return Fallisci(db, "key");
+    FissaFormatoCompatibile(db);
     if (sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
         return Fallisci(db, "schema");
     sqlite3_close(db);

@@ -12,7 +12,7 @@ attesi=(bin/orvix share/orvix/personalizza.orx
         share/applications/org.example.orvix.desktop share/metainfo/org.example.orvix.metainfo.xml
         share/icons/hicolor/scalable/apps/org.example.orvix.svg
         share/icons/hicolor/16x16/apps/org.example.orvix.png share/icons/hicolor/256x256/apps/org.example.orvix.png
-        share/orvix/guidaorvix/index.html share/orvix/modelli/Libri.wzd)
+        share/orvix/guidaorvix/index.html share/orvix/modelli/Libri.wzd share/doc/orvix/copyright)
 for file in "${attesi[@]}"; do
     [ -s "$prefisso/$file" ] || { echo "missing after install: $file"; exit 1; }
 done

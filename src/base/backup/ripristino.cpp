@@ -6,12 +6,20 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 
 namespace {
 
 QString& CopiaInUso() {
     static QString copia;
     return copia;
+}
+
+std::function<QDateTime()>& Orologio() {
+    static std::function<QDateTime()> orologio = [] { return QDateTime::currentDateTime(); };
+    return orologio;
 }
 
 // A log or journal with content holds changes that the store's file alone lacks: something still
@@ -30,7 +38,7 @@ void VerificaChiuso(const QString& archivio) {
 void ConservaArchivio(const QString& archivio, bool inUso) {
     if (!QFile::exists(archivio))
         return;
-    const QString copia = NomeCopiaRecupero(archivio, QDateTime::currentDateTime());
+    const QString copia = NomeCopiaRecupero(archivio, Orologio()());
     CopiaFile(archivio, copia);
     if (inUso)
         CopiaInUso() = copia;
@@ -41,7 +49,7 @@ void Rimuovi(const QString& percorso) {
         throw ErroreDatabase(QStringLiteral("impossibile eliminare il file ") + percorso);
 }
 
-// Everything up to the store's deletion; the backup is read first, so an unreadable one, or a
+// Everything before the store is replaced; the backup is read first, so an unreadable one, or a
 // full disk, stops the restore here.
 void PreparaSostituzione(const QString& archivio, const QString& backup, bool inUso,
                          const QString& provvisorio) {
@@ -51,7 +59,6 @@ void PreparaSostituzione(const QString& archivio, const QString& backup, bool in
     // A log or index left by the old store must never be read as the restored one's.
     for (const QString& accessorio : FileAccessori(archivio))
         Rimuovi(accessorio);
-    Rimuovi(archivio);
 }
 
 } // namespace
@@ -73,10 +80,16 @@ QString SostituisciArchivio(const QString& archivio, const QString& backup, bool
         QFile::remove(provvisorio);
         return errore.messaggio();
     }
-    if (!QFile::rename(provvisorio, archivio))
+    // One rename that overwrites: at every instant the store's name holds a whole store, the old
+    // one or the backup, whenever the program is stopped.
+    if (std::rename(QFile::encodeName(provvisorio).constData(), QFile::encodeName(archivio).constData()) != 0)
         throw ErroreDatabase(QStringLiteral("impossibile mettere il backup al posto dell'archivio: ") +
-                             archivio);
+                             archivio + QStringLiteral(": ") + QString::fromLocal8Bit(std::strerror(errno)));
     return {};
+}
+
+void ImpostaOrologioRipristino(std::function<QDateTime()> orologio) {
+    Orologio() = std::move(orologio);
 }
 
 QString UltimaCopiaInUso() {

@@ -3,15 +3,18 @@
 #include "confrontotesto.h"
 #include "erroredatabase.h"
 #include "formasql.h"
+#include "formatocifratura.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <algorithm>
 #include <sqlcipher/sqlite3.h>
 #include <string>
 
 namespace {
 
 constexpr int MassimoCache = 256;
+constexpr sqlite3_int64 BloccoFile = 1 << 20;
 
 // A single-table SELECT of plain columns can be written back; the cursor then also reads the rowid.
 QString TabellaAggiornabile(const QString& sql) {
@@ -48,16 +51,11 @@ Connessione::~Connessione() {
 void Connessione::Apri(const QString& percorso, const QString& password) {
     Chiudi();
     VerificaScrivibile(percorso);
-    const QByteArray nome = percorso.toUtf8();
-    if (sqlite3_open_v2(nome.constData(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
-        const QString testo =
-            m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QStringLiteral("out of memory");
-        Chiudi();
-        throw ErroreDatabase(testo + QStringLiteral(": ") + percorso);
-    }
-    InstallaConfronti(m_db);
-    const QByteArray chiave = password.toUtf8();
-    sqlite3_key(m_db, chiave.constData(), static_cast<int>(chiave.size()));
+    // A store in the format of both engine series opens everywhere; a 4.x engine also reads one
+    // written with its own defaults, on a new connection, and keeps it in that format.
+    if (!ApriConChiave(percorso, password, true) &&
+        (m_versione < 4 || !ApriConChiave(percorso, password, false)))
+        throw ErroreDatabase(ChiaveRifiutata() + QStringLiteral(": ") + percorso);
     try {
         VerificaArchivio();
         EseguiImpostazione("PRAGMA journal_mode=WAL");
@@ -68,6 +66,39 @@ void Connessione::Apri(const QString& percorso, const QString& password) {
         throw ErroreDatabase(errore.messaggio() + QStringLiteral(": ") + percorso);
     }
     sqlite3_busy_timeout(m_db, 2000);
+}
+
+QString Connessione::ChiaveRifiutata() {
+    return QStringLiteral("il file non è un archivio delle collezioni o è cifrato con un'altra chiave");
+}
+
+// False when the key does not read the file in these settings (the connection is then closed).
+bool Connessione::ApriConChiave(const QString& percorso, const QString& password, bool compatibile) {
+    const QByteArray nome = percorso.toUtf8();
+    if (sqlite3_open_v2(nome.constData(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+        const QString testo =
+            m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QStringLiteral("out of memory");
+        Chiudi();
+        throw ErroreDatabase(testo + QStringLiteral(": ") + percorso);
+    }
+    InstallaConfronti(m_db);
+    const QByteArray chiave = password.toUtf8();
+    sqlite3_key(m_db, chiave.constData(), static_cast<int>(chiave.size()));
+    m_versione = VersioneCifratura(m_db);
+    if (compatibile)
+        FissaFormatoCompatibile(m_db);
+    // The first read proves the key; the engines word a refusal differently, the program says it once.
+    const int esito = sqlite3_exec(m_db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr);
+    if (esito == SQLITE_NOTADB) {
+        Chiudi();
+        return false;
+    }
+    if (esito != SQLITE_OK) {
+        const QString testo = QString::fromUtf8(sqlite3_errmsg(m_db));
+        Chiudi();
+        throw ErroreDatabase(testo + QStringLiteral(": ") + percorso);
+    }
+    return true;
 }
 
 // The engine would open a store it cannot write read-only, without a word, and leave journal
@@ -85,7 +116,6 @@ void Connessione::VerificaScrivibile(const QString& percorso) {
 // Nothing may be written to a file before it has proved to be a store: an empty file would
 // otherwise become an empty database.
 void Connessione::VerificaArchivio() {
-    // The first read proves the key; a wrong one answers "file is encrypted or is not a database".
     Recordset tabelle = ApriRecordset(QStringLiteral(
         "select count(*) from sqlite_master where type='table' and name in ('collezioni','campi','valori')"));
     if (tabelle.Campo(0).toInt() != 3)
@@ -130,6 +160,34 @@ void Connessione::CompletaFile() {
     if (esito == SQLITE_OK || (esito == SQLITE_BUSY && registro >= 0 && registro == copiati))
         return;
     Fallisci();
+}
+
+void Connessione::LeggiFile(const std::function<void(const QByteArray&)>& ricevi) {
+    CompletaFile();
+    sqlite3_file* file = nullptr;
+    if (sqlite3_file_control(m_db, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK || !file ||
+        !file->pMethods)
+        Fallisci();
+    // A read transaction: nothing can be moved into the file while it is read.
+    EseguiImpostazione("BEGIN");
+    try {
+        EseguiImpostazione("select count(*) from sqlite_master");
+        sqlite3_int64 dimensione = 0;
+        if (file->pMethods->xFileSize(file, &dimensione) != SQLITE_OK)
+            Fallisci();
+        QByteArray blocco;
+        for (sqlite3_int64 letti = 0; letti < dimensione; letti += blocco.size()) {
+            blocco.resize(static_cast<qsizetype>(std::min<sqlite3_int64>(BloccoFile, dimensione - letti)));
+            if (file->pMethods->xRead(file, blocco.data(), static_cast<int>(blocco.size()), letti) !=
+                SQLITE_OK)
+                Fallisci();
+            ricevi(blocco);
+        }
+    } catch (...) {
+        sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    EseguiImpostazione("COMMIT");
 }
 
 void Connessione::Finalizza(sqlite3_stmt* stmt) {

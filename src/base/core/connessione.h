@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 struct sqlite3;
@@ -29,11 +30,17 @@ public:
     void Apri(const QString& percorso, const QString& password);
     void Chiudi();
     bool Aperta() const { return m_db != nullptr; }
+    // What an open says of a file that the program's key does not read, on every engine.
+    static QString ChiaveRifiutata();
     // The store's file as the engine names it.
     QString Percorso() const;
     // Moves every committed change out of the write-ahead log into the store's file and empties
     // the log, so that the file alone is the whole database; fails when a change stays behind.
     void CompletaFile();
+    // The store's file, whole (CompletaFile first), handed over block by block as the engine reads
+    // it through its own descriptor: a second descriptor of the file, once closed, would drop the
+    // engine's locks on it.
+    void LeggiFile(const std::function<void(const QByteArray&)>& ricevi);
 
     // Runs exactly one statement of SQL text; text after the first statement is refused.
     void Esegui(const QString& sql);
@@ -55,6 +62,7 @@ public:
 
 private:
     static void VerificaScrivibile(const QString& percorso);
+    bool ApriConChiave(const QString& percorso, const QString& password, bool compatibile);
     void VerificaArchivio();
     void EseguiImpostazione(const char* sql);
     sqlite3_stmt* PreparaUnica(const QString& sql);
@@ -70,6 +78,7 @@ private:
     void SvuotaCache();
 
     sqlite3* m_db = nullptr;
+    int m_versione = 0; // of the linked engine
     QMultiHash<QString, sqlite3_stmt*> m_cache;
     QHash<sqlite3_stmt*, std::shared_ptr<const Colonne>> m_colonne;
     QHash<sqlite3_stmt*, QString> m_testi; // the text each statement was prepared from: its cache key

@@ -1,6 +1,8 @@
 #include "numeri.h"
 
 #include <QLocale>
+#include <QStringList>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -29,6 +31,54 @@ QString SenzaSpaziAttorno(const QString& testo) {
     return testo.mid(inizio, fine - inizio);
 }
 
+// The digits of a whole part as the user writes them: plain, or grouped by three after a first
+// group of one to three. QLocale's own reading of groups differs between Qt versions (some accept
+// "1.000,5" in Italian, some refuse it), so the program reads them itself.
+QString CifreIntere(const QString& parte, const QString& gruppo) {
+    const QStringList gruppi = gruppo.isEmpty() ? QStringList{parte} : parte.split(gruppo);
+    for (qsizetype i = 0; i < gruppi.size(); ++i) {
+        const QString& cifre = gruppi.at(i);
+        const bool misuraGiusta =
+            gruppi.size() == 1 || (i == 0 ? !cifre.isEmpty() && cifre.size() <= 3 : cifre.size() == 3);
+        if (!misuraGiusta || !std::all_of(cifre.begin(), cifre.end(), isCifra))
+            return u"x"_s;
+    }
+    return gruppi.join(QString());
+}
+
+bool SoloCifre(const QString& testo) {
+    return std::all_of(testo.begin(), testo.end(), isCifra);
+}
+
+// The text rewritten with '.' as decimal point and no groups: a sign, the whole part, the
+// fraction and an exponent, blanks around; "x" when it is not a number in the locale's form.
+QString InFormaC(const QString& testo, const QLocale& locale) {
+    QString resto = testo.trimmed();
+    QString segno;
+    if (resto.startsWith(locale.negativeSign()) || resto.startsWith(u'-'))
+        segno = u"-"_s;
+    if (!segno.isEmpty() || resto.startsWith(locale.positiveSign()) || resto.startsWith(u'+'))
+        resto.remove(0, 1);
+    QString esponente;
+    const qsizetype e = resto.indexOf(u'e', 0, Qt::CaseInsensitive);
+    if (e >= 0) {
+        esponente = resto.mid(e + 1);
+        resto.truncate(e);
+        const QString cifre =
+            esponente.startsWith(u'+') || esponente.startsWith(u'-') ? esponente.mid(1) : esponente;
+        if (cifre.isEmpty() || !SoloCifre(cifre))
+            return u"x"_s;
+        esponente.prepend(u'e');
+    }
+    const qsizetype virgola = resto.indexOf(locale.decimalPoint());
+    const QString intera = virgola < 0 ? resto : resto.left(virgola);
+    const QString frazione = virgola < 0 ? QString() : resto.mid(virgola + locale.decimalPoint().size());
+    if ((intera.isEmpty() && frazione.isEmpty()) || !SoloCifre(frazione))
+        return u"x"_s;
+    const QString cifre = intera.isEmpty() ? u"0"_s : CifreIntere(intera, locale.groupSeparator());
+    return segno + cifre + u'.' + frazione + u'0' + esponente;
+}
+
 } // namespace
 
 bool IsNumeric(const QString& testo) {
@@ -39,8 +89,8 @@ bool IsNumeric(const QString& testo) {
 
 double CDbl(const QString& testo, bool* ok) {
     bool convertito = false;
-    const double valore = QLocale().toDouble(testo, &convertito);
-    // QLocale also reads "inf" and "nan", which are not numbers to the user.
+    const double valore = QLocale::c().toDouble(InFormaC(testo, QLocale()), &convertito);
+    // The C form also reads "inf" and "nan", which are not numbers to the user.
     if (!convertito || !std::isfinite(valore)) {
         impostaEsito(ok, false);
         return 0.0;

@@ -3,8 +3,11 @@
 #include "archivio.h"
 #include "backup.h"
 #include "dialogofile.h"
+#include "finestre.h"
 #include "frmrecord.h"
 #include "interazione.h"
+
+#include <QDir>
 
 namespace {
 
@@ -23,8 +26,10 @@ QString SceltaBackup(QWidget* proprietario, int modo) {
 
 void Backup(QWidget* proprietario) {
     const QString destinazione = SceltaBackup(proprietario, 2);
-    if (!destinazione.isEmpty())
-        CopiaBackup(Database(), destinazione);
+    if (destinazione.isEmpty())
+        return;
+    CopiaBackup(Database(), destinazione);
+    MostraStato(QStringLiteral("Backup salvato in ") + QDir::toNativeSeparators(destinazione));
 }
 
 void ImpostaRipristinatore(Ripristinatore ripristinatore) {

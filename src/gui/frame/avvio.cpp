@@ -10,6 +10,7 @@
 #include "localeprogramma.h"
 #include "programma.h"
 #include "rigadicomando.h"
+#include "traduzioneqt.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -72,6 +73,7 @@ int Avvio(int argc, char** argv) {
     QApplication::setApplicationVersion(Programma::Versione());
     QApplication::setWindowIcon(IconaProgramma());
     ImpostaLocaleProgramma();
+    CaricaTraduzioneQt();
     if (!PrimaIstanza(PortaDavanti))
         return 0;
     try {

@@ -9,12 +9,17 @@
 #include "frmrecord.h"
 #include "listecontrolli.h"
 #include "programma.h"
+#include "ripristino.h"
 #include "routinesql.h"
 
 #include <QAction>
 #include <QDir>
+#include <QStatusBar>
 #include <QtTest>
 #include <sqlcipher/sqlite3.h>
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -43,6 +48,54 @@ QString IstantaneaDelFile(const QString& percorso) {
     archivio.Apri(copia, Programma::PasswordArchivio());
     return Istantanea(archivio);
 }
+
+// The POSIX locks this process holds on the file now at the path, as the kernel lists them.
+int BlocchiPosix(const QString& percorso) {
+    struct stat dati {};
+    if (::stat(QFile::encodeName(percorso).constData(), &dati) != 0)
+        return -1;
+    QFile elenco(QStringLiteral("/proc/locks"));
+    if (!elenco.open(QIODevice::ReadOnly | QIODevice::Text))
+        return -1;
+    const QString pid = QString::number(QCoreApplication::applicationPid());
+    const QString inode = QStringLiteral(":") + QString::number(dati.st_ino);
+    int blocchi = 0;
+    for (const QByteArray& riga : elenco.readAll().split('\n')) {
+        const QStringList campi = QString::fromLatin1(riga).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        blocchi += campi.size() > 5 && campi.at(1) == QLatin1String("POSIX") && campi.at(4) == pid &&
+                   campi.at(5).endsWith(inode);
+    }
+    return blocchi;
+}
+
+// The names that left or were removed from a folder while a watch was on it.
+class SparizioniNellaCartella final {
+public:
+    explicit SparizioniNellaCartella(const QString& cartella)
+        : m_coda(inotify_init1(IN_NONBLOCK))
+        , m_guardia(inotify_add_watch(m_coda, QFile::encodeName(cartella).constData(),
+                                      IN_DELETE | IN_MOVED_FROM)) {}
+    ~SparizioniNellaCartella() { ::close(m_coda); }
+    SparizioniNellaCartella(const SparizioniNellaCartella&) = delete;
+    SparizioniNellaCartella& operator=(const SparizioniNellaCartella&) = delete;
+
+    bool Attiva() const { return m_coda >= 0 && m_guardia >= 0; }
+    QStringList Nomi() const {
+        QStringList nomi;
+        alignas(inotify_event) char dati[8192];
+        for (ssize_t letti; (letti = ::read(m_coda, dati, sizeof dati)) > 0;)
+            for (ssize_t i = 0; i < letti;) {
+                const auto* evento = reinterpret_cast<const inotify_event*>(dati + i);
+                nomi << QFile::decodeName(evento->len ? evento->name : "");
+                i += static_cast<ssize_t>(sizeof(inotify_event) + evento->len);
+            }
+        return nomi;
+    }
+
+private:
+    int m_coda;
+    int m_guardia;
+};
 
 } // namespace
 
@@ -92,6 +145,11 @@ private:
     }
 
 private Q_SLOTS:
+    // Recovery copies are named by the minute: a fixed one makes their names known in advance.
+    void initTestCase() {
+        ImpostaOrologioRipristino([] { return QDateTime(QDate(2026, 3, 1), QTime(9, 5, 59)); });
+    }
+
     void init() {
         m_archivio = std::make_unique<ArchivioTemporaneo>();
         const qint32 dischi = CreaCollezione(QStringLiteral("Dischi"), QStringLiteral("in vinile"));
@@ -175,6 +233,8 @@ private Q_SLOTS:
         script.File(Altrove("testo.dat")).Rispondi(Risposta::Ok);
         Restore(script);
         const QStringList copie = CopieRecupero();
+        const QString nome = Programma::NomeArchivio() + ".prima-del-ripristino-20260301-0905";
+        QCOMPARE(copie, (QStringList{nome, nome + "-2"}));
         QCOMPARE(Contenuto(AppPath() + copie.value(0)) + Contenuto(AppPath() + copie.value(1)),
                  Contenuto(buona) + "non sono un archivio");
         for (const QString& testo : script.TestiMessaggi())
@@ -206,6 +266,52 @@ private Q_SLOTS:
         QVERIFY(script.TestiMessaggi().at(0).startsWith("Il ripristino è stato annullato"));
         QVERIFY(CopieRecupero().isEmpty());
         QCOMPARE(Attuale(), cambiato);
+    }
+    // The copy is read through the engine: the locks it holds on the store and its index stay, so
+    // no other program can empty the log or change the store under it. The status bar says where.
+    void backupKeepsTheEngineLocks() {
+        Cambia();
+        const int store = BlocchiPosix(Archivio());
+        const int indice = BlocchiPosix(Archivio() + "-shm");
+        QVERIFY2(store > 0 && indice > 0, qPrintable(QStringLiteral("%1 %2").arg(store).arg(indice)));
+        Backup(Altrove("copia.dat"));
+        QCOMPARE(BlocchiPosix(Archivio()), store);
+        QCOMPARE(BlocchiPosix(Archivio() + "-shm"), indice);
+        QCOMPARE(m_frame->statusBar()->currentMessage(), "Backup salvato in " + Altrove("copia.dat"));
+        QCOMPARE(IstantaneaDelFile(Altrove("copia.dat")), Attuale());
+    }
+
+    // A folder that is missing or cannot be written is named in the message; nothing is written.
+    void backupToAFolderThatCannotBeWritten() {
+        QList<std::pair<QString, QString>> casi{{Altrove("manca"), QStringLiteral("la cartella non esiste")}};
+        const QString chiusa = Altrove("chiusa");
+        QVERIFY(QDir().mkdir(chiusa) && QFile::setPermissions(chiusa, QFile::ReadOwner | QFile::ExeOwner));
+        if (!QFileInfo(chiusa).isWritable()) // the superuser writes in any folder
+            casi.append({chiusa, QStringLiteral("manca il permesso di scrittura")});
+        for (const auto& [cartella, motivo] : std::as_const(casi)) {
+            InterazioneScriptata script;
+            script.File(cartella + "/copia.dat").Rispondi(Risposta::Ok);
+            IstanzaForm1()->mnuBackup->trigger();
+            VERIFICA_SCRIPT(script);
+            QCOMPARE(script.TestiMessaggi().value(0),
+                     "Non è possibile scrivere nella cartella " + cartella + ": " + motivo + ".");
+            QVERIFY(QDir(cartella).isEmpty());
+        }
+    }
+
+    // The backup takes the store's name in one rename: the name never disappears, so a stop at any
+    // moment leaves a whole store there. The engine then holds its locks on the new file.
+    void restoreReplacesTheStoreInOneStep() {
+        Backup(Altrove("copia.dat"));
+        const QString salvato = Attuale();
+        Cambia();
+        const SparizioniNellaCartella sparizioni(m_archivio->Cartella());
+        QVERIFY(sparizioni.Attiva());
+        Rimetti(Altrove("copia.dat"));
+        QCOMPARE(Attuale(), salvato);
+        const QStringList sparite = sparizioni.Nomi();
+        QVERIFY2(!sparite.contains(Programma::NomeArchivio()), qPrintable(sparite.join(',')));
+        QVERIFY(BlocchiPosix(Archivio()) > 0 && BlocchiPosix(Archivio() + "-shm") > 0);
     }
 };
 

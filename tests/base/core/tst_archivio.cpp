@@ -36,7 +36,8 @@ private Q_SLOTS:
         QVERIFY(!contenuto.startsWith("SQLite format 3") && !contenuto.contains("collezioni"));
         Connessione connessione;
         const QString errore = ErroreDi([&] { connessione.Apri(archivio.PercorsoArchivio(), u"x"_s); });
-        QVERIFY2(errore.contains(QLatin1String("encrypted")) && !connessione.Aperta(), qPrintable(errore));
+        QVERIFY2(errore.startsWith(Connessione::ChiaveRifiutata()) && !connessione.Aperta(),
+                 qPrintable(errore));
     }
 
     // A missing file is not created; a file that is not a store is refused before anything is written.
@@ -44,7 +45,7 @@ private Q_SLOTS:
         for (const auto& [contenuto, errore] : std::initializer_list<std::pair<QByteArray, QString>>{
                  {"<missing>", {}},
                  {"", u"non contiene un archivio"_s},
-                 {"nome;valore\r\n", u"not a database"_s}}) {
+                 {"nome;valore\r\n", Connessione::ChiaveRifiutata()}}) {
             QTemporaryDir cartella;
             QFile file(cartella.filePath(Programma::NomeArchivio()));
             const bool manca = contenuto == "<missing>";
@@ -68,14 +69,17 @@ private Q_SLOTS:
         QVERIFY(ElencoCollezioni().at(0).id == a && ElencoCollezioni().at(1).id == c);
     }
 
-    // Typed columns refuse text that does not convert, naming the column ("+": accepted). Positions and
-    // sizes are whole pixels a window can place; other integers fit 64 bits; nothing typed becomes a real.
+    // Typed columns refuse text that does not convert, naming the column ("+": accepted, and stored as an
+    // integer). Positions and sizes are whole pixels a window can place; other integers fit 64 bits; a
+    // whole number written with a point is that integer; nothing typed becomes a real.
     void typedColumnsRefuseTextThatDoesNotConvert() {
         ArchivioTemporaneo archivio;
         for (const QString& caso :
-             u"+width '32767';+width ' 0 ';+numerorecord '-5';width 32768;"
-             "width '1,5';width 12.0;left '-1';tabindex '';required 'forse';"
-             "data_ins '22/11/2026';numerorecord '99999999999999999999'"_s.split(u';')) {
+             u"+width '32767';+width ' 0 ';+numerorecord '-5';width 32768;+width 12.0;+height '12.0';"
+             "width '1,5';width 12.5;top '12.5';top '1.2.0';left '-1';tabindex '';tabindex '.';"
+             "required 'forse';+numerorecord 7.0;+id_collezione ' +3.00 ';numerorecord '-.5';numerorecord "
+             "2.5;"
+             "id_collezione '+-3';data_ins '22/11/2026';numerorecord '99999999999999999999'"_s.split(u';')) {
             const QString colonna = caso.section(u' ', 0, 0).remove(u'+');
             const QString tabella =
                 colonna == "numerorecord" || colonna == "data_ins" ? u"valori"_s : u"campi"_s;

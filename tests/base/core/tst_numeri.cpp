@@ -19,11 +19,16 @@ class TestNumeri final : public QObject {
 private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy)); }
 
-    // IsNumeric and CDbl accept exactly the same texts; CDbl gives 0 for the others. Val reads a leading
+    // IsNumeric and CDbl accept exactly the same texts, digits grouped by three or not; CDbl gives 0 for
+    // the others. Val reads a leading
     // number with a '.' point whatever the locale; CBoolTesto sets its flag false on a text it refuses;
     // CLng rounds half to even and throws out of range; sizes are whole numbers from 0 to 32767.
     void conversioni() {
-        for (const auto& [testo, atteso] : Casi(u"1.000,5 = 1000.5;12,5abc = nan;1e400 = nan;    = nan"_s)) {
+        for (const auto& [testo, atteso] :
+             Casi(u"1.000,5 = 1000.5;12,5abc = nan;1e400 = nan;    = nan;"
+                  " -12.345.678,25  = -12345678.25;1.000 = 1000;,5 = 0.5;"
+                  "+2,5e3 = 2500;1.00 = nan;1.0000 = nan;.100 = nan;1,000.5 = nan;"
+                  "1,5,0 = nan;2e = nan;- = nan;1.000,5,0 = nan;inf = nan"_s)) {
             bool ok = qIsNaN(atteso);
             QCOMPARE(CDbl(testo, &ok), qIsNaN(atteso) ? 0.0 : atteso);
             QVERIFY2(ok != qIsNaN(atteso) && IsNumeric(testo) == ok, qPrintable(testo));
