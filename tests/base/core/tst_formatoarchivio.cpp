@@ -76,7 +76,9 @@ private Q_SLOTS:
         sqlite3_key(db, chiave.constData(), static_cast<int>(chiave.size()));
         QCOMPARE(sqlite3_exec(db,
                               "create table collezioni (id integer primary key, nome text);"
-                              "create table campi (id integer); create table valori (id_campo integer);"
+                              "create table campi (id integer);"
+                              "create table valori (id_campo integer, numerorecord integer, valore text, "
+                              "data_ins text, data_mod text);"
                               "insert into collezioni (nome) values ('Monete')",
                               nullptr, nullptr, nullptr),
                  SQLITE_OK);
